@@ -1,0 +1,18 @@
+# What every target of ours is compiled with.
+find_package(Threads REQUIRED)
+
+add_library(korvandi_options INTERFACE)
+target_include_directories(korvandi_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_link_libraries(korvandi_options INTERFACE Threads::Threads)
+target_compile_options(korvandi_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(KORVANDI_SANITIZE)
+  target_compile_options(korvandi_options INTERFACE
+    -fsanitize=${KORVANDI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  target_link_options(korvandi_options INTERFACE -fsanitize=${KORVANDI_SANITIZE})
+endif()
+
+# The resources stand beside the executables, under the name that the program looks for.
+file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+file(CREATE_LINK ${PROJECT_SOURCE_DIR}/resources ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/resources
+  SYMBOLIC)

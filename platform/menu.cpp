@@ -1,0 +1,53 @@
+#include "platform/menu.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+Menu::Menu(std::string title, std::function<void()> changed)
+    : title_(std::move(title)), changed_(std::move(changed)) {}
+
+std::int64_t Menu::NumberOfItems() const {
+    return std::ssize(items_);
+}
+
+MenuItem* Menu::ItemAt(std::int64_t position) const {
+    if (position < 0 || position >= NumberOfItems()) return nullptr;
+    return items_[static_cast<std::size_t>(position)].get();
+}
+
+MenuItem& Menu::Add(MenuItem item) {
+    items_.push_back(std::make_unique<MenuItem>(std::move(item)));
+    items_.back()->Owner = this;
+    changed_();
+    return *items_.back();
+}
+
+void Menu::AddSeparator() {
+    MenuItem line;
+    line.Separator = true;
+    Add(std::move(line));
+}
+
+void Menu::RemoveItemAt(std::int64_t position) {
+    if (ItemAt(position) == nullptr) return;
+    items_.erase(items_.begin() + position);
+    changed_();
+}
+
+Menu& MenuBar::Add(std::string_view title) {
+    menus_.push_back(std::make_unique<Menu>(std::string(title), [this] {
+        if (Changed) Changed();
+    }));
+    if (Changed) Changed();
+    return *menus_.back();
+}
+
+Menu* MenuBar::Find(std::string_view title) const {
+    const auto found = std::ranges::find(
+        menus_, title, [](const auto& menu) -> std::string_view { return menu->Title(); });
+    return found == menus_.end() ? nullptr : found->get();
+}
+
+}  // namespace platform

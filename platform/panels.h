@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+// The panels in which a person chooses files. Main thread; other work of the main thread goes on
+// while a panel is open. Paths are absolute, UTF-8, canonically precomposed.
+
+namespace platform {
+
+struct OpenPanel {
+    std::string Prompt;  // the confirming button
+    std::string Title;
+    std::string Message;
+    std::vector<std::string> FileTypes;  // extensions without the dot; empty: every file
+    bool SeveralAllowed = false;
+    bool FilesAllowed = true;
+    bool FoldersAllowed = false;
+};
+
+struct SavePanel {
+    std::string Prompt;
+    std::string NameLabel;
+    std::string PresetName;
+    std::string Title;
+    std::string Message;
+    std::vector<std::string> FileTypes;  // extensions without the dot; others stay allowed
+};
+
+class Panels {
+  public:
+    virtual ~Panels() = default;
+
+    /// The chosen paths; empty when the person cancelled.
+    virtual std::vector<std::string> RunOpenPanel(const OpenPanel& panel) = 0;
+    /// No value when the person cancelled.
+    virtual std::optional<std::string> RunSavePanel(const SavePanel& panel) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/application.h"
+#include "platform/main_queue.h"
+#include "platform/menu.h"
+#include "platform/panels.h"
+#include "platform/pasteboard.h"
+#include "platform/sound.h"
+#include "platform/system.h"
+#include "platform/thread.h"
+#include "platform/window.h"
+
+// The seam between the toolkit and a desktop: everything that the toolkit asks of one, in the
+// toolkit's words. An implementation fills a Platform and installs it before anything else runs.
+
+namespace platform {
+
+struct Platform {
+    Application* App = nullptr;
+    WindowMaker* Windows = nullptr;
+    MenuBar* Menus = nullptr;
+    Panels* Dialogs = nullptr;
+    Pasteboard* Board = nullptr;
+    Sounds* Audio = nullptr;
+    Clock* Time = nullptr;
+    Randomness* Random = nullptr;
+    Output* Out = nullptr;
+    Resources* Files = nullptr;
+};
+
+/// Main thread, before any other thread runs.
+void Install(const Platform& platform);
+
+/// The installed platform. Any thread; what its parts allow is said at each of them.
+const Platform& Current();
+
+}  // namespace platform

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What the toolkit asks of the machine beneath the desktop. Any thread.
+
+namespace platform {
+
+class Clock {
+  public:
+    virtual ~Clock() = default;
+
+    /// Seconds since the first instant of 2001 (UTC). Never steps back while the process runs.
+    [[nodiscard]] virtual double Now() = 0;
+    /// Blocks the calling thread for this long.
+    virtual void Sleep(std::chrono::nanoseconds duration) = 0;
+};
+
+class Randomness {
+  public:
+    virtual ~Randomness() = default;
+
+    /// 32 evenly distributed bits.
+    [[nodiscard]] virtual std::uint32_t Next() = 0;
+};
+
+/// The program's standard output.
+class Output {
+  public:
+    virtual ~Output() = default;
+
+    /// Writes the text in one piece and lets it be seen at once. An output that is closed, full or
+    /// without a reader takes the text silently.
+    virtual void Write(std::string_view text) = 0;
+};
+
+/// The content of a file; `Error` is empty when it could be read.
+struct FileContent {
+    std::vector<std::uint8_t> Bytes;
+    std::string Error;
+};
+
+class Resources {
+  public:
+    virtual ~Resources() = default;
+
+    /// Path of the application as the desktop names it; its last component ends in ".app".
+    [[nodiscard]] virtual std::string BundlePath() = 0;
+    /// Path of the folder that holds the program's resource files, without a slash at the end.
+    [[nodiscard]] virtual std::string Directory() = 0;
+    /// The whole regular file at `path`.
+    [[nodiscard]] virtual FileContent ReadFile(const std::string& path) = 0;
+};
+
+/// Reads the whole regular file at `path` from the disk: what every implementation of
+/// Resources::ReadFile does for a path that it has nothing else for.
+[[nodiscard]] FileContent ReadFileFromDisk(const std::string& path);
+
+}  // namespace platform

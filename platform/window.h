@@ -1,0 +1,138 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/geometry.h"
+#include "platform/picture.h"
+#include "platform/view.h"
+
+// Windows and what can stand in them. Main thread throughout.
+
+namespace platform {
+
+/// Style masks of Window::SetStyleMask.
+inline constexpr std::int64_t kBorderless = 0;
+inline constexpr std::int64_t kTitledClosableMiniaturizable = 7;
+
+/// A window on the screen.
+///
+/// Its frame is the content and everything above it: the title bar that the window manager draws
+/// and the menu bar. Side and bottom borders that a window manager adds lie outside the frame.
+/// A borderless window has no title bar and no menu bar: frame and content are the same.
+class Window {
+  public:
+    virtual ~Window() = default;
+
+    /// In screen coordinates, origin at the lower left of the screen.
+    [[nodiscard]] virtual Rect Frame() const = 0;
+    /// The whole screen that shows the window (the first screen for a window never shown).
+    [[nodiscard]] virtual Rect ScreenFrame() const = 0;
+    /// Places and sizes the window, shown or not.
+    virtual void SetFrame(const Rect& frame) = 0;
+    /// Centres the frame on the screen.
+    virtual void Center() = 0;
+
+    [[nodiscard]] virtual bool IsVisible() const = 0;
+    /// Shows the window in front of the others; the focus stays where it is.
+    virtual void OrderFront() = 0;
+    /// Shows the window in front of the others and gives it the focus.
+    virtual void MakeKeyAndOrderFront() = 0;
+    /// Hides the window; it keeps its place.
+    virtual void OrderOut() = 0;
+
+    /// UTF-8.
+    virtual void SetTitle(std::string_view title) = 0;
+    /// kTitledClosableMiniaturizable or kBorderless. The frame stays as it is.
+    virtual void SetStyleMask(std::int64_t mask) = 0;
+    /// What is seen where no view stands.
+    virtual void SetBackgroundColor(Color color) = 0;
+};
+
+/// A text that scrolls, inside a text window. All texts are UTF-8.
+class TextView {
+  public:
+    virtual ~TextView() = default;
+
+    [[nodiscard]] virtual std::string Text() const = 0;
+    virtual void SetText(std::string_view text) = 0;
+    /// Adds at the end; a view that stands at its end follows. When more than the line limit is
+    /// held, the oldest lines go.
+    virtual void AppendText(std::string_view text) = 0;
+    /// 0: no limit.
+    virtual void SetLineLimit(std::int64_t lines) = 0;
+    /// Substitution of quotes, dashes and text, detection of links and data.
+    virtual void SetAutomaticSubstitutions(bool on) = 0;
+    virtual void SetFont(std::string_view family, double points) = 0;
+    virtual void SetNeedsDisplay() = 0;
+};
+
+/// The frame around a text view that scrolls it; in the window's content, origin lower left.
+class ScrollView {
+  public:
+    virtual ~ScrollView() = default;
+
+    [[nodiscard]] virtual Rect Frame() const = 0;
+    virtual void SetFrame(const Rect& frame) = 0;
+};
+
+/// The ruler above a text: shows the columns of a fixed-width text. In the window's content.
+class Ruler {
+  public:
+    virtual ~Ruler() = default;
+
+    [[nodiscard]] virtual Rect Frame() const = 0;
+    virtual void SetFrame(const Rect& frame) = 0;
+};
+
+/// One row of a form window, from top to bottom.
+struct FormRow {
+    enum class Kind : std::uint8_t {
+        Heading,   // Title in large type
+        Label,     // Title as a text that wraps
+        Button,    // calls Changed(0)
+        CheckBox,  // calls Changed(1) and Changed(0)
+        Choice,    // Options, calls Changed(index from 0)
+    };
+
+    Kind What = Kind::Label;
+    std::string Title;
+    std::vector<std::string> Options;
+    std::int64_t Value = 0;                     // CheckBox: 0 or 1; Choice: index from 0
+    std::function<void(std::int64_t)> Changed;  // called on the main thread
+    std::function<bool()> Enabled;              // asked whenever the window is shown; none: always
+};
+
+/// The parts of a window that shows a drawn picture.
+struct GraphicWindowParts {
+    Window* Host = nullptr;
+    View* Area = nullptr;
+};
+
+/// The parts of a text window; `Columns` is nullptr in a window without a ruler.
+struct TextWindowParts {
+    Window* Host = nullptr;
+    ScrollView* Scroll = nullptr;
+    TextView* Text = nullptr;
+    Ruler* Columns = nullptr;
+};
+
+/// Makes windows. They are hidden when made, live as long as the process and carry the menus of
+/// the menu bar while they are titled.
+class WindowMaker {
+  public:
+    virtual ~WindowMaker() = default;
+
+    /// A window of fixed size around one view that `client` draws. The client must outlive it.
+    virtual GraphicWindowParts MakeGraphicWindow(ViewClient& client) = 0;
+    /// A text window that the person may size; `width` and `height` are the content's, in points.
+    virtual TextWindowParts MakeTextWindow(std::string_view title, double width, double height,
+                                           bool ruler) = 0;
+    /// A window with a column of labels and controls, sized to fit them.
+    virtual Window* MakeFormWindow(std::string_view title, std::vector<FormRow> rows) = 0;
+};
+
+}  // namespace platform
