@@ -1,0 +1,244 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+// A desktop in memory: windows have frames and an order, the pasteboard keeps text, sounds are
+// noted, a display pass happens when it is asked for, and time stands still unless somebody sleeps.
+// For tests, benchmarks and programs without a screen. The thread that makes a Headless is its main
+// thread; the members are for that thread unless said otherwise.
+
+namespace platform::headless {
+
+class Headless;
+
+/// A window, in the same terms as platform::Window.
+class HeadlessWindow final : public platform::Window {
+  public:
+    HeadlessWindow(Headless& desktop, double contentWidth, double contentHeight);
+
+    [[nodiscard]] Rect Frame() const override { return frame_; }
+    [[nodiscard]] Rect ScreenFrame() const override;
+    void SetFrame(const Rect& frame) override;
+    void Center() override;
+    [[nodiscard]] bool IsVisible() const override { return visible_; }
+    void OrderFront() override;
+    void MakeKeyAndOrderFront() override;
+    void OrderOut() override;
+    void SetTitle(std::string_view title) override { Title = title; }
+    void SetStyleMask(std::int64_t mask) override { StyleMask = mask; }
+    void SetBackgroundColor(Color color) override { Background = color; }
+
+    /// Clicks the close box: the delegate is asked, and a window that it lets go is hidden.
+    void ClickCloseBox();
+
+    std::string Title;
+    std::int64_t StyleMask = kTitledClosableMiniaturizable;
+    Color Background;
+    std::vector<FormRow> Rows;  // of a form window
+
+  private:
+    Headless& desktop_;
+    Rect frame_;
+    bool visible_ = false;
+};
+
+/// A view and the person in front of it.
+class HeadlessView final : public View, private Canvas {
+  public:
+    HeadlessView(HeadlessWindow& window, ViewClient& client);
+
+    void SetNeedsDisplay() override { NeedsDisplay = true; }
+    void Display() override;
+    [[nodiscard]] platform::Window* HostWindow() override { return Attached ? &window_ : nullptr; }
+    [[nodiscard]] Rect Frame() const override { return frame_; }
+    void SetFrameSize(double width, double height) override;
+    void SetFrameOrigin(double x, double y) override;
+
+    void Press(const KeyPress& press);  // presses and releases a key
+    void MouseDown(const MousePress& press, bool rightButton);
+    void MouseUp(bool rightButton);
+
+    bool NeedsDisplay = false;
+    bool Attached = true;                              // false: the view stands in no window
+    std::optional<Picture> Shown;                      // what the view shows
+    std::int64_t DisplayPasses = 0;                    // that this view took part in
+    PixelOrder Order = PixelOrder::AlphaRedGreenBlue;  // that the screen wants
+    ViewClient& Client;
+
+  private:
+    Picture& Buffer() override { return buffer_; }
+    void Show() override { Shown = buffer_; }
+
+    HeadlessWindow& window_;
+    Rect frame_;
+    Picture buffer_;
+};
+
+class HeadlessTextView final : public TextView {
+  public:
+    [[nodiscard]] std::string Text() const override { return Content; }
+    void SetText(std::string_view text) override { Content = text; }
+    void AppendText(std::string_view text) override;
+    void SetLineLimit(std::int64_t lines) override { LineLimit = lines; }
+    void SetAutomaticSubstitutions(bool on) override { AutomaticSubstitutions = on; }
+    void SetFont(std::string_view family, double points) override;
+    void SetNeedsDisplay() override { ++DisplayRequests; }
+
+    std::string Content;
+    std::int64_t LineLimit = 0;
+    bool AutomaticSubstitutions = true;
+    std::string FontFamily;
+    double FontPoints = 0;
+    std::int64_t DisplayRequests = 0;
+};
+
+/// A scroll view or a ruler: something with a frame.
+template <typename Base>
+class HeadlessBox final : public Base {
+  public:
+    explicit HeadlessBox(const Rect& frame) : frame_(frame) {}
+    [[nodiscard]] Rect Frame() const override { return frame_; }
+    void SetFrame(const Rect& frame) override { frame_ = frame; }
+
+  private:
+    Rect frame_;
+};
+
+/// The whole desktop: installs itself as the platform when it is made. Made once per test; must
+/// outlive every thread that uses it.
+class Headless final : public Application,
+                       public WindowMaker,
+                       public Panels,
+                       public Pasteboard,
+                       public Sounds,
+                       public Clock,
+                       public Randomness,
+                       public Output,
+                       public Resources {
+  public:
+    Headless();
+    ~Headless() override;
+    Headless(const Headless&) = delete;
+    Headless& operator=(const Headless&) = delete;
+
+    // The facts of this desktop; set them before they are asked for.
+    Rect Screen{0, 0, 1920, 1080};
+    double AboveContent = 28;  // height of the title bar with the menus
+    std::string Bundle = "/Applications/Korvandi.app";
+    std::string ResourceFolder;                              // for files that Files does not name
+    std::map<std::string, std::vector<std::uint8_t>> Files;  // resource files by name
+    std::map<std::string, bool> SoundFiles;                  // by name; true: found
+    std::function<std::uint32_t()> NextRandom;               // none: a fixed sequence
+    bool RealTime = false;           // true: time passes by itself and sleep really waits
+    double StartTime = 800'000'000;  // of the clock, seconds since 2001
+    std::function<void()> OnSleep;   // called in every Sleep, on the sleeping thread
+    bool EchoOutput = false;         // also to the process's standard output
+
+    // What the person does.
+    MenuBar Menu;
+    void Choose(std::string_view menu, std::string_view item);
+    std::vector<std::vector<std::string>> OpenAnswers;    // taken from the front
+    std::vector<std::optional<std::string>> SaveAnswers;  // taken from the front
+    std::vector<OpenPanel> OpenPanelsRun;
+    std::vector<SavePanel> SavePanelsRun;
+    std::optional<std::string> BoardText;
+    std::optional<Picture> BoardPicture;
+    void ActivateOther() { active_ = nullptr; }  // another application comes to the front
+
+    /// A display pass of all marked views; returns how many there were.
+    std::int64_t DisplayPass();
+
+    // What the program did. Any thread.
+    [[nodiscard]] std::string Printed();
+    void ClearPrinted();
+    [[nodiscard]] std::vector<std::string> Played();  // names of the sounds, "beep" for the beep
+    void ClearPlayed();
+
+    /// Background tasks wait in a list instead of running; RunBackgroundTask runs the oldest one.
+    bool HoldBackground = true;
+    bool RunBackgroundTask();
+
+    /// Serves the main queue until `done` says so; false when that took more than `limit`.
+    bool ServeUntil(const std::function<bool()>& done,
+                    std::chrono::seconds limit = std::chrono::seconds(60));
+
+    // The windows from back to front, hidden ones included.
+    std::vector<HeadlessWindow*> Order;
+
+    // platform::Application
+    void Run(ApplicationClient& client) override;
+    void Terminate() override;
+    [[nodiscard]] Window* MainWindow() override { return active_; }
+    ApplicationClient* Client = nullptr;
+
+    // platform::WindowMaker
+    GraphicWindowParts MakeGraphicWindow(ViewClient& client) override;
+    TextWindowParts MakeTextWindow(std::string_view title, double width, double height,
+                                   bool ruler) override;
+    Window* MakeFormWindow(std::string_view title, std::vector<FormRow> rows) override;
+
+    // platform::Panels
+    std::vector<std::string> RunOpenPanel(const OpenPanel& panel) override;
+    std::optional<std::string> RunSavePanel(const SavePanel& panel) override;
+
+    // platform::Pasteboard
+    [[nodiscard]] std::optional<std::string> Text() override { return BoardText; }
+    void Clear() override;
+    void SetText(std::string_view text) override { BoardText = text; }
+    void SetPicture(const Picture& picture) override { BoardPicture = picture; }
+
+    // platform::Sounds
+    Sound* Named(const std::string& name) override;
+    void Beep() override;
+
+    // platform::Clock, platform::Randomness, platform::Output
+    [[nodiscard]] double Now() override;
+    void Sleep(std::chrono::nanoseconds duration) override;
+    [[nodiscard]] std::uint32_t Next() override;
+    void Write(std::string_view text) override;
+
+    // platform::Resources
+    [[nodiscard]] std::string BundlePath() override { return Bundle; }
+    [[nodiscard]] std::string Directory() override { return ResourceFolder; }
+    [[nodiscard]] FileContent ReadFile(const std::string& path) override;
+
+  private:
+    friend class HeadlessWindow;
+    class NamedSound;
+
+    HeadlessWindow& AddWindow(double contentWidth, double contentHeight);
+    void BringToFront(HeadlessWindow& window, bool key);
+    void WindowHidden(HeadlessWindow& window);
+    void WindowResized(HeadlessWindow& window);
+    std::string StartBackground(std::function<void()> task);
+
+    std::mutex mutex_;  // guards what other threads reach: output, sounds, tasks, random numbers
+    std::string printed_;
+    std::vector<std::string> played_;
+    std::map<std::string, std::unique_ptr<NamedSound>> sounds_;
+    std::vector<std::function<void()>> held_;
+    std::uint32_t random_ = 1;
+
+    std::atomic<std::int64_t> passed_ = 0;  // nanoseconds slept since the start
+    std::chrono::steady_clock::time_point madeAt_ = std::chrono::steady_clock::now();
+    std::atomic<bool> terminated_ = false;
+    Window* active_ = nullptr;
+
+    std::vector<std::unique_ptr<HeadlessWindow>> windows_;
+    std::vector<std::unique_ptr<HeadlessView>> views_;
+    std::vector<std::unique_ptr<HeadlessTextView>> texts_;
+    std::vector<std::unique_ptr<ScrollView>> scrolls_;
+    std::vector<std::unique_ptr<Ruler>> rulers_;
+};
+
+}  // namespace platform::headless
