@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+// The one clock of all times in records: the platform's absolute time, which never steps back. Any
+// thread.
+
+namespace toolkit {
+
+/// Whole milliseconds, truncated.
+[[nodiscard]] std::int64_t Milliseconds();
+
+/// Whole microseconds, truncated.
+[[nodiscard]] std::int64_t Microseconds();
+
+/// Blocks the calling thread.
+void SleepMilliseconds(std::int64_t duration);
+
+/// Blocks the calling thread for so many seconds, in whole nanoseconds; not at all for 0 or less.
+void SleepSeconds(double duration);
+
+}  // namespace toolkit

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <span>
+
+// The machine's memory: one flat byte array that every drawing operation writes and every frame
+// reads, on different threads and without a lock. All access goes through the functions below.
+// Single bytes are relaxed atomics; runs of bytes are relaxed atomic 8-byte words where they are
+// aligned and single bytes at their ends. So a reader may see a run half written (a torn picture),
+// never anything worse.
+//
+//   0x0000000      0x0010000                 t_HighMemory        0xFFFFFF     0x100000E
+//   | reserved     | free                               | handed out       | spare bytes |
+
+/// The bytes at the addresses 0 to size() - 1. Empty until t_InitMemory, then kept for ever.
+class t_MemoryArray {
+  public:
+    [[nodiscard]] std::uint8_t* data() const { return bytes_.load(std::memory_order_acquire); }
+    [[nodiscard]] std::int64_t size() const { return size_.load(std::memory_order_acquire); }
+
+    /// Makes `size` bytes, all `value`. Before any other thread uses the memory.
+    void Create(std::int64_t size, std::uint8_t value);
+
+  private:
+    std::atomic<std::uint8_t*> bytes_ = nullptr;
+    std::atomic<std::int64_t> size_ = 0;
+};
+
+extern constinit t_MemoryArray t_Memory;
+
+/// Copies `count` bytes from address `source` to address `destination`; the two may overlap.
+/// Nothing for a count below 1. A range that leaves the memory moves nothing and prints
+///   "t_MoveMemory: Address out of range."
+void t_MoveMemory(std::int64_t source, std::int64_t destination, std::int64_t count);
+
+namespace toolkit {
+
+inline constexpr std::int64_t kMemorySize = 0x100'000F;
+inline constexpr std::int64_t kHighestAddress = 0xFF'FFFF;  // that is ever handed out
+inline constexpr std::int64_t kReservedBytes = 0x1'0000;    // at the lowest addresses
+
+/// Whether the addresses from `address` on, `count` of them, all lie in the memory.
+[[nodiscard]] inline bool InMemory(std::int64_t address, std::int64_t count) {
+    return address >= 0 && count >= 0 && address <= t_Memory.size() - count;
+}
+
+/// The byte at `address`; 0 outside the memory.
+[[nodiscard]] inline std::uint8_t Peek(std::int64_t address) {
+    if (!InMemory(address, 1)) return 0;
+    return std::atomic_ref(t_Memory.data()[address]).load(std::memory_order_relaxed);
+}
+
+/// Writes one byte; nothing outside the memory.
+inline void Poke(std::int64_t address, std::uint8_t byte) {
+    if (!InMemory(address, 1)) return;
+    std::atomic_ref(t_Memory.data()[address]).store(byte, std::memory_order_relaxed);
+}
+
+// Runs. A run that leaves the memory is left alone as a whole; the result tells.
+
+/// Copies the bytes from `address` on into `run`.
+bool ReadRun(std::int64_t address, std::span<std::uint8_t> run);
+
+/// Copies `run` to `address` and on.
+bool WriteRun(std::int64_t address, std::span<const std::uint8_t> run);
+
+/// Writes `count` bytes of `value`.
+bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value);
+
+/// As t_MoveMemory, without a line.
+bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count);
+
+}  // namespace toolkit

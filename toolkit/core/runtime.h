@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+#include "toolkit/core/handler.h"
+#include "toolkit/core/shared.h"
+
+// The toolkit's runtime: the program thread, background workers, second-stage set-up, and the end
+// of the program.
+
+extern constinit toolkit::Shared<bool> t_MemoryStarted;  // t_InitMemory has begun
+extern constinit toolkit::Shared<bool> t_ToolsReady;     // t_InitMemory is done; never cleared
+
+/// A start was asked for and the new thread has not yet taken its entry.
+extern constinit toolkit::Shared<bool> t_ProgramStartPending;
+/// Stack size in bytes of the next started thread.
+extern constinit toolkit::Shared<std::int64_t> t_ProgramStackSize;
+/// What the next started thread runs. Guarded by t_ProgramStartPending: set before it becomes true,
+/// taken before it becomes false.
+extern std::function<void()>& t_ProgramEntry;
+
+/// Run once when the application terminates, on the main thread; does nothing until a program sets
+/// it.
+extern toolkit::Handler& t_TerminateHandler;
+
+/// Runs `entry` on a new thread whose stack holds `stackSize` bytes. Returns once the thread has
+/// been made. Waits while an earlier start has not been taken. Any thread. A thread that cannot be
+/// made prints
+///   "startprocess: Thread could not be started: <reason>"
+void startprocess(std::function<void()> entry, std::int64_t stackSize);
+
+/// Runs `entry` on a background worker; nobody waits for it. Any thread. A worker that cannot be
+/// made prints
+///   "t_RunInBackground: Thread could not be started: <reason>"
+void t_RunInBackground(std::function<void()> entry);
+
+/// The calling thread's sequence number: 1 for the main thread, 2 for the first one started after
+/// it, 0 for a thread without a number.
+[[nodiscard]] std::int64_t t_ThreadNumber();
+
+/// Second-stage set-up: memory, window table, menu actions, menus, pasteboard view. The first call
+/// does the work, later calls return at once. Any thread, normally the program thread. Logs
+///   "t_InitMemory: Start."  "t_InitMemory: End."
+/// and the lines of the menu clean-up.
+void t_InitMemory();
+
+/// Ends the calling thread, which startprocess must have started, and leaves "(Programm Ende)" in
+/// the window of that number (0 to 12; without such a window only the thread ends). The application
+/// stays open. Logs
+///   "t_QuitProgram: Quitting current thread with message in window #<window>."
+///   "t_QuitProgram: Quitting current thread."      no such window
+/// Objects on the thread's stack are destroyed on the way.
+[[noreturn]] void t_QuitProgram(std::uint8_t window);
+
+namespace toolkit {
+
+/// Makes sure that t_InitMemory was called and waits until the toolkit is ready.
+void WaitForTools();
+
+/// The number that a thread's description shows between "number = " and the next comma; 0 without
+/// one.
+[[nodiscard]] std::int64_t NumberInDescription(std::string_view description);
+
+}  // namespace toolkit

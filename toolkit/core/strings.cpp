@@ -1,0 +1,48 @@
+#include "toolkit/core/strings.h"
+
+#include "toolkit/core/utf8.h"
+
+namespace {
+
+constexpr std::int64_t kMostSpaces = 32'767;
+
+constexpr bool IsUpperCaseLetter(std::int64_t code) {
+    return (code >= 65 && code <= 90) || (code >= 192 && code <= 222 && code != 215);
+}
+
+}  // namespace
+
+std::int64_t t_CharCode(std::string_view string) {
+    return string.empty() ? 0 : static_cast<std::int64_t>(toolkit::DecodeFirst(string).Code);
+}
+
+std::string t_MidChar(std::string_view string, std::int64_t n) {
+    return n < 1 ? std::string() : std::string(toolkit::Substring(string, n - 1, 1));
+}
+
+std::string t_MidFrom(std::string_view string, std::int64_t n) {
+    string.remove_prefix(toolkit::Substring(string, 0, n < 2 ? 0 : n - 1).size());
+    return std::string(string);
+}
+
+std::int64_t t_InStr(std::string_view string, std::string_view part, std::int64_t start) {
+    const std::size_t from = toolkit::Substring(string, 0, start < 2 ? 0 : start - 1).size();
+    const std::size_t found = string.find(part, from);
+    if (part.empty() || found == std::string_view::npos) return 0;
+    return toolkit::LengthInCharacters(string.substr(0, found)) + 1;
+}
+
+std::string t_FirstLine(std::string_view string) {
+    std::size_t end = string.find('\r');
+    if (end == std::string_view::npos) end = string.find('\n');
+    return std::string(string.substr(0, end));
+}
+
+std::string t_Spaces(std::int64_t n) {
+    return n < 1 || n > kMostSpaces ? std::string() : std::string(static_cast<std::size_t>(n), ' ');
+}
+
+std::int64_t t_LowerCode(std::int64_t code) {
+    if (code < 0) return 0;
+    return IsUpperCaseLetter(code) ? code + 32 : code;
+}

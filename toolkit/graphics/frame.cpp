@@ -1,0 +1,117 @@
+#include "toolkit/graphics/frame.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "toolkit/core/clock.h"
+#include "toolkit/core/memory.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/runtime.h"
+#include "toolkit/graphics/pixel_rows.h"
+#include "toolkit/window/host_windows.h"
+#include "toolkit/window/window.h"
+
+using platform::Picture;
+using toolkit::PrintLine;
+
+namespace {
+
+constexpr std::int64_t kSmallestSide = 1;
+constexpr std::int64_t kLargestSide = 8192;
+constexpr std::int64_t kDeepest = 32;        // bits per pixel
+constexpr std::int64_t kChunkPixels = 1920;  // converted at a time, so that it stays in the cache
+
+// What a frame needs of a record, read once: the record may change while the frame is built.
+struct Snapshot {
+    std::int64_t BitDepth;
+    std::int64_t Width;
+    std::int64_t Height;
+    std::int64_t Start;
+
+    explicit Snapshot(const t_Window& w)
+        : BitDepth(w.BitDepth), Width(w.Width), Height(w.Height), Start(w.MemoryStart) {}
+
+    [[nodiscard]] std::int64_t Pixels() const { return Width * Height; }
+    [[nodiscard]] bool HasSize() const {
+        return Width >= kSmallestSide && Width <= kLargestSide && Height >= kSmallestSide &&
+               Height <= kLargestSide;
+    }
+    // A torn pair of old and new fields may give a wrong picture, never one outside the memory.
+    [[nodiscard]] bool InMemory() const {
+        return HasSize() && Pixels() * BitDepth % 8 == 0 &&
+               toolkit::InMemory(Start, Pixels() * BitDepth / 8);
+    }
+};
+
+void ReportIllegalBitDepth(const Snapshot& s) {
+    constexpr std::string_view kLine = "t_WindowImage: Illegal bit depth.\n";
+    if (!s.HasSize()) return;
+    std::string row;
+    for (std::int64_t x = 0; x < s.Width; ++x) row += kLine;
+    for (std::int64_t y = 0; y < s.Height; ++y) toolkit::PrintPiece(row);
+}
+
+bool Fit(Picture& picture, const Snapshot& s) try {
+    const auto bytes = static_cast<std::size_t>(s.Pixels() * 4);
+    if (picture.Bytes.size() != bytes) picture.Bytes.resize(bytes);
+    picture.Width = s.Width;
+    picture.Height = s.Height;
+    return true;
+} catch (const std::bad_alloc&) {
+    PrintLine("t_WindowImage: Data could not be collected, image could not be created.");
+    return false;
+}
+
+// Rows follow each other without a gap on both sides, so that the picture is one run of pixels. A
+// run is copied out of the shared memory first and converted on the copy.
+void Convert(const Snapshot& s, toolkit::PixelConverter convert, std::uint8_t* pixels) {
+    std::array<std::uint8_t, kChunkPixels * kDeepest / 8 + toolkit::kConverterSlack> source;
+    std::int64_t address = s.Start;
+    for (std::int64_t left = s.Pixels(); left > 0;) {
+        const std::int64_t count = std::min(kChunkPixels, left);
+        const std::int64_t bytes = count * s.BitDepth / 8;
+        toolkit::ReadRun(address, {source.data(), static_cast<std::size_t>(bytes)});
+        convert(source.data(), pixels, count);
+        address += bytes;
+        pixels += count * 4;
+        left -= count;
+    }
+}
+
+}  // namespace
+
+bool t_WindowImage(std::uint8_t window, Picture& picture) {
+    if (!t_ToolsReady || window >= toolkit::kGraphicWindows) return false;
+    t_Window& w = t_Windows[window];
+    if (!w.Initialized) {
+        PrintLine("t_WindowImage: Graphic window #", window, " not initialized.");
+        return false;
+    }
+    if (!w.Visible) return false;
+    const std::int64_t started = toolkit::Microseconds();
+    const Snapshot snapshot(w);
+    const toolkit::PixelConverter convert = toolkit::ConverterFor(snapshot.BitDepth, picture.Order);
+    if (convert == nullptr) {
+        ReportIllegalBitDepth(snapshot);
+        return false;
+    }
+    if (!snapshot.InMemory() || !Fit(picture, snapshot)) return false;
+    Convert(snapshot, convert, picture.Bytes.data());
+    w.UpdateDuration = toolkit::Microseconds() - started;
+    w.UpdateFinished = toolkit::Milliseconds();
+    return true;
+}
+
+std::optional<Picture> t_WindowImage(std::uint8_t window) {
+    Picture picture;
+    if (!t_WindowImage(window, picture)) return std::nullopt;
+    return picture;
+}
+
+std::optional<Picture> t_WindowSnapshot(std::uint8_t window) {
+    if (t_WindowView(window) == nullptr) return std::nullopt;
+    return t_WindowImage(window);
+}

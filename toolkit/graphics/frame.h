@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/picture.h"
+
+// Frames: one window's graphic block turned into a picture of 4-byte pixels. Main thread, while the
+// program thread goes on drawing: a frame shows whatever the memory holds while it is read.
+//
+// Where pixel i = y * Width + x lies in the block, and its colour:
+//   1 bit    bit 7 - x % 8 of byte i / 8: white when set, else black
+//   4 bits   byte i / 2, even x in the high half: a colour number
+//   8 bits   byte i: a grey
+//   16 bits  the second of the two bytes at 2 i: a grey
+//   24 bits  bytes 3 i and on: red, green, blue
+//   32 bits  bytes 4 i + 1 and on: red, green, blue
+
+/// Builds the frame of graphic window `window` (0 to 7) into `picture`, in the byte order that
+/// `picture` asks for; its bytes are got anew only when the size changes. Sets the window's
+/// UpdateDuration and UpdateFinished. False, with `picture` as it was, when the toolkit is not
+/// ready, the window is hidden, the number is 8 or more, the record names no block inside the
+/// memory, and after
+///   "t_WindowImage: Graphic window #<window> not initialized."
+///   "t_WindowImage: Illegal bit depth."    once for every pixel
+///   "t_WindowImage: Data could not be collected, image could not be created."   no memory left
+bool t_WindowImage(std::uint8_t window, platform::Picture& picture);
+
+/// The same as a picture of its own, in the order alpha, red, green, blue.
+[[nodiscard]] std::optional<platform::Picture> t_WindowImage(std::uint8_t window);
+
+/// The frame of a window that has a view; no value for other windows and where there is no frame.
+[[nodiscard]] std::optional<platform::Picture> t_WindowSnapshot(std::uint8_t window);

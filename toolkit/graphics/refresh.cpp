@@ -1,0 +1,72 @@
+#include "toolkit/graphics/refresh.h"
+
+#include "platform/platform.h"
+#include "toolkit/core/clock.h"
+#include "toolkit/core/numbers.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/runtime.h"
+#include "toolkit/window/host_windows.h"
+#include "toolkit/window/window.h"
+
+constinit toolkit::Shared<bool> t_AutoUpdateRunning;
+
+namespace {
+
+using toolkit::PrintLine;
+
+constexpr std::int64_t kSecond = 1000;  // milliseconds
+
+std::int64_t Interval(const t_Window& w) {
+    const std::int64_t rate = w.RefreshRate;
+    return rate == 0 ? 0 : kSecond / rate;
+}
+
+bool IsDue(const t_Window& w) {
+    return w.Initialized && w.AutoUpdate && w.VerticalBlank &&
+           toolkit::Minus(toolkit::Milliseconds(), w.UpdateStarted) >= Interval(w);
+}
+
+// Marks the window's view; false without a view.
+bool Ask(std::uint8_t n) {
+    platform::View* const view = t_WindowView(n);
+    if (view == nullptr) {
+        PrintLine("t_WindowAutoUpdateProcess: Window #", n, " view is nil, resource undefined.");
+        return false;
+    }
+    t_Windows[n].UpdateStarted = toolkit::Milliseconds();
+    platform::RunOnMain([view] { view->SetNeedsDisplay(); });
+    return true;
+}
+
+void RunOnePass() {
+    bool asked = false;
+    for (std::uint8_t n = 0; n < toolkit::kGraphicWindows; ++n) {
+        if (IsDue(t_Windows[n]) && Ask(n)) asked = true;
+    }
+    if (!asked) toolkit::SleepMilliseconds(1);
+}
+
+}  // namespace
+
+void t_WindowAutoUpdateProcess() {
+    PrintLine("t_WindowAutoUpdateProcess: Start.");
+    if (t_ThreadNumber() >= 3) platform::NameThread("t_WindowAutoUpdate");
+    t_AutoUpdateRunning = true;
+    while (t_ToolsReady && t_AutoUpdateRunning) RunOnePass();
+    t_AutoUpdateRunning = false;
+    PrintLine("t_WindowAutoUpdateProcess: End.");
+}
+
+void t_WindowUpdate(std::uint8_t window, bool deferred) {
+    if (!t_ToolsReady || toolkit::GraphicWindow(__func__, window) == nullptr) return;
+    platform::View* const view = t_WindowView(window);
+    if (view == nullptr) {
+        PrintLine("t_WindowUpdate: Window #", window, " view is nil, resource undefined.");
+        return;
+    }
+    platform::RunOnMain([&] { deferred ? view->SetNeedsDisplay() : view->Display(); });
+}
+
+void toolkit::StartAutoUpdate() {
+    if (!t_AutoUpdateRunning.Exchange(true)) t_RunInBackground(t_WindowAutoUpdateProcess);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "toolkit/core/shared.h"
+#include "toolkit/input/event_queue.h"
+
+// Key presses and clicks as the program sees them. They are queued on the main thread and taken on
+// the program thread; nothing limits the queues and nothing drops old events.
+
+/// One input event. Times are milliseconds of the platform's absolute time.
+struct t_Event {
+    std::int64_t Kind = 0;     // 1 key, 2 mouse
+    std::int64_t Index = 0;    // key: its key code; mouse: the buttons held, 1 left, 2 right, ...
+    std::string Description;   // key: the characters it produced, UTF-8
+    std::int64_t Value = 0;    // key: the character code, see viewKeyDown
+    std::int64_t WindowX = 0;  // mouse: place in the window, from its lower left, points
+    std::int64_t WindowY = 0;
+    std::int64_t ClickX = 0;  // mouse: column of the picture; -1 left of it, -2 right of it
+    std::int64_t ClickY = 0;  // mouse: row of the picture from its top; -1 above, -2 below it
+    std::int64_t Mods = 0;    // the modifier mask shifted right by 16
+    std::uint8_t Window = 0;  // window number
+    std::int64_t Time = 0;
+    bool CloseBox = false;
+    bool CapsLockPressed = false;
+    bool ShiftPressed = false;
+    bool ControlPressed = false;
+    bool OptionPressed = false;
+    bool CommandPressed = false;
+    bool NumericPadPressed = false;
+    bool HelpPressed = false;
+    bool FnPressed = false;           // key only
+    bool CursorKeyPressed = false;    // key: a cursor key
+    bool FunctionKeyPressed = false;  // key: a function key; mouse: the fn modifier
+
+    bool operator==(const t_Event&) const = default;
+};
+
+/// Key events waiting for the program thread, and whether there are any.
+extern toolkit::EventQueue<t_Event>& t_EventQueue;
+extern constinit toolkit::Shared<bool> t_EventPending;
+
+/// Mouse events. Only the program takes from this queue.
+extern toolkit::EventQueue<t_Event>& t_MouseEventQueue;
+extern constinit toolkit::Shared<bool> t_MouseEventPending;
+
+/// The event that t_NextEvent took last. Program thread.
+extern t_Event& t_CurrentEvent;
+
+/// Takes the oldest key event into t_CurrentEvent and returns its Value; -1, with t_CurrentEvent as
+/// it was, when there is none. Program thread.
+std::int64_t t_NextEvent();

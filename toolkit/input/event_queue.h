@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+#include "toolkit/core/shared.h"
+
+namespace toolkit {
+
+/// Events, first in first out, appended and taken on different threads. Every operation is one step
+/// with respect to the others, the flag included. Any thread.
+template <typename Event>
+class EventQueue {
+  public:
+    /// `pending` is kept true exactly while there are events.
+    explicit EventQueue(Shared<bool>& pending) : pending_(pending) {}
+
+    void Append(Event event) {
+        const std::lock_guard lock(mutex_);
+        events_.push_back(std::move(event));
+        pending_ = true;
+    }
+
+    /// The oldest event, removed; no value when there is none.
+    std::optional<Event> Take() {
+        const std::lock_guard lock(mutex_);
+        std::optional<Event> oldest;
+        if (!events_.empty()) {
+            oldest = std::move(events_.front());
+            events_.pop_front();
+        }
+        pending_ = !events_.empty();
+        return oldest;
+    }
+
+    void Clear() {
+        const std::lock_guard lock(mutex_);
+        events_.clear();
+        pending_ = false;
+    }
+
+    /// Drops all events when the newest one fits; whether it did.
+    template <typename Fits>
+    bool DropAllIfNewest(const Fits& fits) {
+        const std::lock_guard lock(mutex_);
+        const bool drop = !events_.empty() && fits(events_.back());
+        if (drop) events_.clear();
+        pending_ = !events_.empty();
+        return drop;
+    }
+
+    [[nodiscard]] std::int64_t size() const {
+        const std::lock_guard lock(mutex_);
+        return std::ssize(events_);
+    }
+    [[nodiscard]] bool empty() const { return size() == 0; }
+
+    /// A copy of the event at `position`, from 0 for the oldest; an empty record where there is
+    /// none.
+    Event operator[](std::int64_t position) const {
+        const std::lock_guard lock(mutex_);
+        if (position < 0 || position >= std::ssize(events_)) return Event();
+        return events_[static_cast<std::size_t>(position)];
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::deque<Event> events_;
+    Shared<bool>& pending_;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,104 @@
+#include "toolkit/input/keyboard.h"
+
+#include <optional>
+
+#include "toolkit/core/clock.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/runtime.h"
+#include "toolkit/core/strings.h"
+#include "toolkit/input/key_table.h"
+#include "toolkit/text/header.h"
+#include "toolkit/window/window.h"
+
+constinit toolkit::Shared<bool> t_KeyDown;
+constinit toolkit::Shared<bool> t_CapsLockPressed;
+constinit toolkit::Shared<bool> t_ShiftPressed;
+constinit toolkit::Shared<bool> t_ControlPressed;
+constinit toolkit::Shared<bool> t_OptionPressed;
+constinit toolkit::Shared<bool> t_CommandPressed;
+constinit toolkit::Shared<bool> t_FnPressed;
+
+namespace {
+
+constexpr std::int64_t kLastPlainCode = 255;
+constexpr std::int64_t kFirstFunctionKey = 63'236;  // character 0xF704, F1
+constexpr std::int64_t kFunctionKeyDistance = 63'107;
+
+void Queue(std::uint8_t window, const platform::KeyPress& press, std::int64_t value, bool cursorKey,
+           bool functionKey) {
+    t_Event event;
+    event.Kind = 1;
+    event.Index = press.KeyCode;
+    event.Description = press.Characters;
+    event.Value = value;
+    event.Window = window;
+    event.Time = toolkit::Milliseconds();
+    toolkit::FillInModifiers(event, press.ModifierFlags);
+    event.FnPressed = (press.ModifierFlags & platform::kFnFlag) != 0;
+    event.CursorKeyPressed = cursorKey;
+    event.FunctionKeyPressed = functionKey;
+    t_EventQueue.Append(std::move(event));
+}
+
+// The general rule for a character that no row of the key table turned into a value.
+void QueueCharacter(std::uint8_t window, const platform::KeyPress& press, std::int64_t k) {
+    if (k <= kLastPlainCode) {
+        Queue(window, press, k, false, false);
+    } else if (k >= kFirstFunctionKey) {
+        Queue(window, press, k - kFunctionKeyDistance, false, true);
+    }
+}
+
+}  // namespace
+
+void viewKeyDown(std::uint8_t window, const platform::KeyPress& press) {
+    if (t_ToolsReady && window < toolkit::kGraphicWindows) {
+        const t_Window& w = t_Windows[window];
+        if (!w.Initialized) {
+            toolkit::PrintLine("viewKeyDown: Graphic window (", window, ") not initialized.");
+        } else if (!w.IgnoreEvents) {
+            t_KeyEventHandler(window, press);
+        }
+    }
+    t_KeyDown = true;
+}
+
+void t_KeyEventHandler(std::uint8_t window, const platform::KeyPress& press) {
+    toolkit::SetModifierFlags(press.ModifierFlags);
+    const std::int64_t k = t_CharCode(press.Characters);
+    const toolkit::KeyResult result = toolkit::LookUpKey(press.KeyCode, k, press.ModifierFlags);
+    switch (result.What) {
+        case toolkit::KeyResult::Kind::Value:
+            Queue(window, press, result.Number, false, false);
+            break;
+        case toolkit::KeyResult::Kind::CursorKey:
+            Queue(window, press, result.Number, true, false);
+            break;
+        case toolkit::KeyResult::Kind::Redirect:
+            t_RedirectOutput(window, result.Number);
+            break;
+        case toolkit::KeyResult::Kind::Character:
+            QueueCharacter(window, press, result.Number);
+            break;
+    }
+}
+
+void toolkit::SetModifierFlags(std::uint64_t modifierFlags) {
+    t_CapsLockPressed = (modifierFlags & platform::kCapsLockFlag) != 0;
+    t_ShiftPressed = (modifierFlags & platform::kShiftFlag) != 0;
+    t_ControlPressed = (modifierFlags & platform::kControlFlag) != 0;
+    t_OptionPressed = (modifierFlags & platform::kOptionFlag) != 0;
+    t_CommandPressed = (modifierFlags & platform::kCommandFlag) != 0;
+    t_FnPressed = (modifierFlags & platform::kFnFlag) != 0;
+}
+
+void toolkit::FillInModifiers(t_Event& event, std::uint64_t modifierFlags) {
+    event.Mods = static_cast<std::int64_t>(modifierFlags >> 16U & 0xFFFFU);
+    event.CapsLockPressed = (modifierFlags & platform::kCapsLockFlag) != 0;
+    event.ShiftPressed = (modifierFlags & platform::kShiftFlag) != 0;
+    event.ControlPressed = (modifierFlags & platform::kControlFlag) != 0;
+    event.OptionPressed = (modifierFlags & platform::kOptionFlag) != 0;
+    event.CommandPressed = (modifierFlags & platform::kCommandFlag) != 0;
+    event.NumericPadPressed = (modifierFlags & platform::kNumericPadFlag) != 0;
+    event.HelpPressed = (modifierFlags & platform::kHelpFlag) != 0;
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/menu.h"
+#include "toolkit/core/handler.h"
+#include "toolkit/core/shared.h"
+#include "toolkit/input/event_queue.h"
+
+// Chosen menu items: recorded for the program, and their built-in actions.
+
+/// One chosen item.
+struct t_MenuEvent {
+    std::int64_t Kind = 0;  // 3; 0, and all else empty, for an item that belongs to no menu
+    std::string MenuTitle;
+    std::string ItemTitle;
+    std::string ItemKeyChar;        // key equivalent, may be empty
+    std::uint64_t ItemKeyMods = 0;  // its modifiers, bits as in platform/input.h
+    std::int64_t ItemKeyAsc = 0;    // code of ItemKeyChar
+    std::int64_t ItemAction = 0;    // the item's tag
+    std::int64_t Time = 0;          // milliseconds of the platform's absolute time
+
+    bool operator==(const t_MenuEvent&) const = default;
+};
+
+/// What an item with a certain tag does.
+struct t_MenuAction {
+    std::int64_t Tag = 0;
+    std::int64_t Action = 0;  // number of the built-in action, see menu.cpp
+    std::string Title;        // of the dialogs, actions 100 (open) and 101 (save)
+    std::string Note;
+    std::string FileName;   // preset of the save dialog; after a dialog the chosen file's name
+    std::string FileTypes;  // separated by commas
+    std::string FilePath;   // after a dialog the chosen path, empty when cancelled
+
+    bool operator==(const t_MenuAction&) const = default;
+};
+
+namespace toolkit {
+
+/// The menu actions, in the order in which they were added. A program adds its own; the main thread
+/// reads them and stores what a dialog gave. Any thread; every operation is one step.
+class MenuActionList {
+  public:
+    void push_back(t_MenuAction action);
+    [[nodiscard]] std::int64_t size() const;
+    /// A copy of the entry at `index`, from 0; an empty one where there is none.
+    [[nodiscard]] t_MenuAction operator[](std::int64_t index) const;
+    /// Index of the first entry with this tag; -1 for tag 0 and when there is none.
+    [[nodiscard]] std::int64_t IndexOf(std::int64_t tag) const;
+    void SetFile(std::int64_t index, std::string path, std::string name);
+    void Clear();
+
+  private:
+    mutable std::mutex mutex_;
+    std::vector<t_MenuAction> actions_;
+};
+
+}  // namespace toolkit
+
+extern toolkit::MenuActionList& t_MenuActions;
+
+/// Chosen items waiting for the program; every choice is added, only the program takes any.
+extern toolkit::EventQueue<t_MenuEvent>& t_MenuEventQueue;
+extern constinit toolkit::Shared<bool> t_MenuEventPending;

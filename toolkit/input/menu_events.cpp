@@ -1,0 +1,227 @@
+#include "toolkit/input/menu_events.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/platform.h"
+#include "toolkit/core/clock.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/runtime.h"
+#include "toolkit/core/sounds.h"
+#include "toolkit/core/strings.h"
+#include "toolkit/core/utf8.h"
+#include "toolkit/graphics/frame.h"
+#include "toolkit/graphics/lo_res.h"
+#include "toolkit/window/host_windows.h"
+#include "toolkit/window/placement.h"
+#include "toolkit/window/window.h"
+
+toolkit::Handler& t_MenuHandler = *new toolkit::Handler;
+toolkit::Handler& t_MenuWindowProc = *new toolkit::Handler(t_SysBeep);
+
+namespace {
+
+using toolkit::PrintLine;
+
+void PutText(std::string_view text) {
+    platform::Pasteboard& board = *platform::Current().Board;
+    board.Clear();
+    board.SetText(text);
+}
+
+// The text view of the printer or the console; nullptr after a line and the warning.
+platform::TextView* TextViewOf(std::uint8_t window) {
+    platform::TextView* const view = t_WindowTextView(window);
+    if (view != nullptr) return view;
+    const bool console = window == toolkit::kConsoleWindow;
+    PrintLine("t_MenuEventHandler: ", console ? "System console" : "Virtual printer",
+              " window is nil, resource undefined.");
+    t_SysBeep();
+    return nullptr;
+}
+
+// The actions. `index` is the action's entry in t_MenuActions, `argument` comes from its row below.
+
+void OpenDialog(std::int64_t index, std::int64_t /*argument*/) {
+    const t_MenuAction action = t_MenuActions[index];
+    const std::string path = t_OpenFileDialog(action.Title, action.Note, action.FileTypes);
+    t_MenuActions.SetFile(index, path, t_FileNameOfPath(path));
+}
+
+void SaveDialog(std::int64_t index, std::int64_t /*argument*/) {
+    const t_MenuAction action = t_MenuActions[index];
+    const std::string path =
+        t_SaveFileDialog(action.FileName, action.Title, action.Note, action.FileTypes);
+    t_MenuActions.SetFile(index, path, t_FileNameOfPath(path));
+}
+
+void CopyPicture(std::int64_t /*index*/, std::int64_t /*argument*/) {
+    const std::optional<platform::Picture> picture = t_WindowSnapshot(t_FrontWindow());
+    if (!picture) return t_SysBeep();
+    platform::Current().Board->Clear();
+    platform::Current().Board->SetPicture(*picture);
+}
+
+void CopyText(std::int64_t /*index*/, std::int64_t /*argument*/) {
+    const std::uint8_t w = t_FrontWindow();
+    if (w < toolkit::kGraphicWindows) return PutText(t_ExportText(t_GetScreen(w, "\r")));
+    if (w != toolkit::kPrinterWindow && w != toolkit::kConsoleWindow) return t_SysBeep();
+    if (const platform::TextView* const view = TextViewOf(w); view != nullptr) {
+        PutText(view->Text());
+    }
+}
+
+void ClearText(std::int64_t /*index*/, std::int64_t window) {
+    platform::TextView* const view = TextViewOf(static_cast<std::uint8_t>(window));
+    if (view == nullptr) return;
+    view->SetText("");
+    view->SetNeedsDisplay();
+}
+
+void RunWindowProc(std::int64_t /*index*/, std::int64_t /*argument*/) {
+    t_FrontWindow() < toolkit::kGraphicWindows ? t_MenuWindowProc() : t_SysBeep();
+}
+
+void HideAll(std::int64_t /*index*/, std::int64_t /*argument*/) {
+    for (std::uint8_t n = 0; n <= toolkit::kMainWindow; ++n) t_WindowVisible(n, false);
+}
+
+void HideFront(std::int64_t /*index*/, std::int64_t /*argument*/) {
+    t_WindowVisible(t_FrontWindow(), false);
+}
+
+void Show(std::int64_t /*index*/, std::int64_t window) {
+    t_WindowFront(static_cast<std::uint8_t>(window));
+}
+
+void Hide(std::int64_t /*index*/, std::int64_t window) {
+    t_WindowVisible(static_cast<std::uint8_t>(window), false);
+}
+
+struct ActionRow {
+    std::int64_t Number;
+    void (*Run)(std::int64_t index, std::int64_t argument);
+    std::int64_t Argument = 0;
+};
+
+constexpr ActionRow kActions[] = {
+    {100, OpenDialog},
+    {101, SaveDialog},
+    {110, CopyPicture},
+    {111, CopyText},
+    {112, ClearText, toolkit::kPrinterWindow},
+    {113, RunWindowProc},
+    {114, ClearText, toolkit::kConsoleWindow},
+    {200, HideAll},
+    {201, HideFront},
+    {205, Show, toolkit::kMainWindow},
+    {206, Hide, toolkit::kMainWindow},
+    {207, Show, toolkit::kPreferencesWindow},
+    {208, Hide, toolkit::kPreferencesWindow},
+    {209, Show, toolkit::kPrinterWindow},
+    {210, Hide, toolkit::kPrinterWindow},
+    {211, Show, toolkit::kPasteboardWindow},
+    {212, Hide, toolkit::kPasteboardWindow},
+    {229, Show, toolkit::kConsoleWindow},
+    {230, Hide, toolkit::kConsoleWindow},
+};
+
+// The graphic windows' actions: two for each window, show and hide.
+constexpr std::int64_t kFirstGraphicAction = 213;
+constexpr std::int64_t kLastGraphicAction = 228;
+
+void RunGraphicAction(std::int64_t number) {
+    const auto n = static_cast<std::uint8_t>((number - kFirstGraphicAction) / 2);
+    if (!toolkit::IsUsable(t_Windows[n], toolkit::Need::SetUp)) {
+        toolkit::PrintNotInitialized("t_MenuEventHandler", n);
+        t_SysBeep();
+    } else if ((number - kFirstGraphicAction) % 2 == 0) {
+        t_WindowFront(n);
+    } else {
+        t_WindowVisible(n, false);
+    }
+}
+
+void RunAction(std::int64_t index) {
+    const std::int64_t number = t_MenuActions[index].Action;
+    if (number >= kFirstGraphicAction && number <= kLastGraphicAction) {
+        return RunGraphicAction(number);
+    }
+    const auto* const row = std::ranges::find(kActions, number, &ActionRow::Number);
+    if (row != std::end(kActions)) row->Run(index, row->Argument);
+}
+
+t_MenuEvent EventOf(const platform::MenuItem& item) {
+    t_MenuEvent event;
+    if (item.Owner == nullptr) return event;
+    event.Kind = 3;
+    event.MenuTitle = item.Owner->Title();
+    event.ItemTitle = item.Title;
+    event.ItemKeyChar = item.KeyEquivalent;
+    event.ItemKeyMods = item.KeyEquivalentModifierMask;
+    event.ItemKeyAsc = t_CharCode(item.KeyEquivalent);
+    event.ItemAction = item.Tag;
+    event.Time = toolkit::Milliseconds();
+    return event;
+}
+
+// Graphics characters and what stands for them.
+struct LookAlikeRow {
+    char32_t First;
+    char32_t Last;
+    char32_t Plain;
+};
+
+constexpr LookAlikeRow kLookAlikes[] = {
+    {127, 127, '#'},     //
+    {128, 128, '*'},     //
+    {129, 129, '#'},     //
+    {130, 130, '<'},     //
+    {131, 131, '='},     //
+    {132, 132, '>'},     //
+    {133, 133, 'O'},     //
+    {134, 137, '+'},     //
+    {138, 139, '|'},     //
+    {140, 141, '-'},     //
+    {142, 153, '+'},     //
+    {154, 155, '-'},     //
+    {156, 157, '|'},     //
+    {158, 158, '+'},     //
+    {159, 159, '='},     //
+    {160, 160, 0x02FD},  // ˽
+};
+
+char32_t LookAlike(char32_t c) {
+    for (const LookAlikeRow& row : kLookAlikes) {
+        if (c >= row.First && c <= row.Last) return row.Plain;
+    }
+    return c;
+}
+
+}  // namespace
+
+std::int64_t t_MenuActionIndex(std::int64_t tag) {
+    return t_MenuActions.IndexOf(tag);
+}
+
+void t_MenuEventHandler(const platform::MenuItem& item) {
+    t_MenuEvent event = EventOf(item);
+    const std::int64_t index = t_MenuActionIndex(event.ItemAction);
+    if (index >= 0) RunAction(index);
+    t_MenuEventQueue.Append(std::move(event));
+    if (index >= 0) return;
+    t_RunInBackground([] {
+        if (t_ThreadNumber() >= 3) platform::NameThread("t_EventMenu");
+        t_MenuHandler();
+    });
+}
+
+std::string t_ExportText(std::string_view string) {
+    std::string exported;
+    for (const char32_t c : toolkit::Characters(string)) {
+        toolkit::AppendCharacter(exported, LookAlike(c));
+    }
+    return exported;
+}

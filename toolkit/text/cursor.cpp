@@ -1,0 +1,116 @@
+#include "toolkit/text/cursor.h"
+
+#include "toolkit/core/numbers.h"
+#include "toolkit/text/glyph.h"
+#include "toolkit/text/grid_span.h"
+#include "toolkit/window/window.h"
+
+using toolkit::Minus;
+using toolkit::Need;
+using toolkit::Plus;
+using toolkit::UsableWindow;
+
+namespace {
+
+constexpr std::uint8_t kBlank = 32;
+
+void StepDown(std::uint8_t window, t_Window& w) {
+    w.TextVpos = Plus(w.TextVpos, 1);
+    if (w.TextVpos <= w.TextLastLine) return;
+    t_ScrollUp(window);
+    w.TextVpos = w.TextVpos - 1;
+}
+
+void StepUp(std::uint8_t window, t_Window& w) {
+    w.TextVpos = Minus(w.TextVpos, 1);
+    if (w.TextVpos >= w.TextFirstLine) return;
+    t_ScrollDown(window);
+    w.TextVpos = w.TextVpos + 1;
+}
+
+void ReturnCarriage(std::uint8_t window, t_Window& w) {
+    w.TextHpos = w.TextFirstColumn;
+    StepDown(window, w);
+}
+
+}  // namespace
+
+void t_Htab(std::uint8_t window, std::int64_t n) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    const std::int64_t column = Plus(w->TextFirstColumn, Minus(n, 1));
+    if (n >= 1 && column <= w->TextWidth) w->TextHpos = column;
+}
+
+void t_Vtab(std::uint8_t window, std::int64_t n) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    if (n >= 1 && n <= w->TextHeight) w->TextVpos = n;
+}
+
+void t_CursorRight(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    w->TextHpos = Plus(w->TextHpos, 1);
+    if (w->TextHpos > w->TextLastColumn) ReturnCarriage(window, *w);
+}
+
+void t_CursorLeft(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    w->TextHpos = Minus(w->TextHpos, 1);
+    if (w->TextHpos >= w->TextFirstColumn) return;
+    w->TextHpos = w->TextLastColumn;
+    StepUp(window, *w);
+}
+
+void t_CursorDown(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) StepDown(window, *w);
+}
+
+void t_CursorUp(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) StepUp(window, *w);
+}
+
+void t_Cr(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) ReturnCarriage(window, *w);
+}
+
+void t_CursorHome(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    w->TextHpos = w->TextFirstColumn;
+    w->TextVpos = w->TextFirstLine;
+}
+
+void t_CursorEnd(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    w->TextHpos = w->TextLastColumn;
+    w->TextVpos = w->TextLastLine;
+}
+
+void t_ClearEndOfLine(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    toolkit::FillCells(window, kBlank, w->TextHpos, w->TextLastColumn, w->TextVpos);
+}
+
+void t_ClearEndOfWindow(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    t_ClearEndOfLine(window);
+    const std::int64_t column = w->TextHpos;
+    const std::int64_t line = w->TextVpos;
+    const toolkit::Span below = toolkit::GridSpan(Plus(line, 1), w->TextLastLine);
+    if (below.First <= below.Last) w->TextHpos = w->TextFirstColumn;
+    for (std::int64_t y = below.First; y <= below.Last; ++y) {
+        w->TextVpos = y;
+        t_ClearEndOfLine(window);
+    }
+    w->TextHpos = column;
+    w->TextVpos = line;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Bitmap fonts: a fixed cell per character and one grey value per pixel, read from font files in
+// the resource directory.
+//
+// A font file; whole numbers are big-endian:
+//    0  1  header size: number of bytes before the glyph data
+//    1  4  identifier "vxfn"
+//    5  1  format: 0 uncompressed, 2 uncompressed grey, 100 and 102 the same in LZW-compressed form
+//    6  4  size
+//   10  1  first character code       11  1  last character code
+//   12  1  glyph width in pixels      13  1  glyph height in pixels
+//   14  2  reserved
+//
+// Grey data: one byte per pixel, 0 background to 255 ink. The glyph of code k begins at byte
+// k * Width * Height, also when the first code is not 0, and runs row by row from the top, each row
+// from the left.
+
+/// A loaded font. Empty `Data` counts as no font.
+struct t_Font {
+    std::int64_t HeaderSize = 16;
+    std::vector<std::uint8_t> Identifier = {0x76, 0x78, 0x66, 0x6E};  // t_FontIdentifier
+    std::int64_t Format = 0;
+    std::int64_t Size = 0;   // carried along, not used
+    std::uint8_t Start = 0;  // first code that the font draws
+    std::uint8_t End = 0;    // last code that the font draws
+    std::int64_t Width = 0;  // of a cell, pixels
+    std::int64_t Height = 0;
+    std::int64_t Reserved = 0;       // carried along, not used
+    std::vector<std::uint8_t> Data;  // after loading never compressed
+
+    bool operator==(const t_Font&) const = default;
+};
+
+/// The four bytes "vxfn".
+extern const std::vector<std::uint8_t>& t_FontIdentifier;
+
+/// Loads the font file `name` of the resource directory. Any thread; reads the file at once.
+/// Returns a font with empty `Data` after one of the lines
+///   "t_LoadFontResource: Could not load file „<name>“"   missing, unreadable or empty
+///   "t_LoadFontResource: Invalid header size"            shorter than its header, or than the 14
+///                                                        bytes that every header holds
+///   "t_LoadFontResource: Invalid file type"              not a font file
+/// and, without a line, when a compressed font holds no valid data.
+[[nodiscard]] t_Font t_LoadFontResource(std::string_view name);
+
+/// Makes `font` the font of graphic window `window` (0 to 7). The window's size, text grid, cursor
+/// and memory stay as they are. Program thread.
+/// Faults: "t_WindowFont: Window is not a graphic window."
+///         "t_WindowFont: Window #<window> not initialized."
+void t_WindowFont(std::uint8_t window, const t_Font& font);
+
+/// The whole content of the file at `path`. Any thread. A file that cannot be read prints
+///   "getbinaryfromfile: Error #<reason>"
+/// and gives no bytes.
+[[nodiscard]] std::vector<std::uint8_t> getbinaryfromfile(const std::string& path);
+
+/// The font with its data uncompressed: format 102 becomes 2 and format 100 becomes 0. Data that is
+/// no valid stream, or that would unpack to more than 64 MiB, becomes empty. Any thread.
+[[nodiscard]] t_Font t_FontDecompress(const t_Font& font);

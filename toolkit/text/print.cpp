@@ -1,0 +1,140 @@
+#include "toolkit/text/print.h"
+
+#include <optional>
+
+#include "toolkit/core/clock.h"
+#include "toolkit/core/numbers.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/utf8.h"
+#include "toolkit/graphics/lo_res.h"
+#include "toolkit/input/event.h"
+#include "toolkit/input/menu.h"
+#include "toolkit/text/cursor.h"
+#include "toolkit/text/glyph.h"
+#include "toolkit/window/window.h"
+
+using toolkit::Need;
+using toolkit::UsableWindow;
+
+namespace {
+
+constexpr std::int64_t kControlS = 19;
+constexpr std::int64_t kFirstPrintable = 32;
+constexpr std::int64_t kCarriageReturn = 13;
+constexpr std::int64_t kFirstShowingMode = 3;  // from here on control codes are shown, not obeyed
+constexpr std::uint8_t kQuestionMark = 63;
+constexpr std::uint8_t kBlank = 32;
+constexpr std::int64_t kMarkColor = 1;
+
+void DrawAtCursor(std::uint8_t window, const t_Window& w, std::uint8_t code) {
+    t_PrintSymbol(window, code, w.TextColor, w.TextHpos, w.TextVpos);
+    t_CursorRight(window);
+}
+
+void PrintThroughMode(std::uint8_t window, t_Window& w, std::int64_t k, bool markUnknown) {
+    const t_DisplayCode code = t_ApplyDisplayMode(window, k);
+    if (code.Code >= 0 && code.Code <= 255) {
+        DrawAtCursor(window, w, static_cast<std::uint8_t>(code.Code));
+    } else if (code.Code > 255 && markUnknown) {
+        if (w.TextDisplayMode == 4) t_Color(window, kMarkColor);
+        DrawAtCursor(window, w, kQuestionMark);
+    }
+    w.TextInverse = code.Inverse;
+    w.TextColor = code.Color;
+}
+
+void PrintCode(std::uint8_t window, t_Window& w, std::int64_t k) {
+    if (k >= kFirstPrintable || w.TextDisplayMode >= kFirstShowingMode) {
+        PrintThroughMode(window, w, k, true);
+        return;
+    }
+    if (k == kCarriageReturn) t_PrintPause(kControlS, true);
+    t_PrintControl(window, static_cast<std::uint8_t>(k));
+}
+
+// Prints the codes that `next` gives, one call each, until it gives none.
+template <typename Next>
+void PrintAll(std::uint8_t window, Next next) {
+    t_Window* const w = UsableWindow("t_Print", window, Need::TextBlock);
+    if (w == nullptr) return;
+    if (w->Font.Data.empty()) {
+        toolkit::PrintLine("t_Print: Window #", window, " has no text font.");
+        return;
+    }
+    while (const std::optional<std::int64_t> k = next()) PrintCode(window, *w, *k);
+    t_PrintPause(kControlS, true);
+}
+
+void PrintRepeatedly(std::uint8_t window, t_Window& w, std::uint8_t code, std::int64_t count) {
+    for (; count > 0; --count) PrintThroughMode(window, w, code, false);
+}
+
+}  // namespace
+
+void t_Print(std::uint8_t window, std::string_view string) {
+    PrintAll(window, [string]() mutable -> std::optional<std::int64_t> {
+        if (string.empty()) return std::nullopt;
+        const toolkit::Decoded next = toolkit::DecodeFirst(string);
+        string.remove_prefix(next.Length);
+        return static_cast<std::int64_t>(next.Code);
+    });
+}
+
+void t_Print(std::uint8_t window, const Text& text) {
+    PrintAll(window,
+             [at = text.Elements.begin(),
+              end = text.Elements.end()]() mutable -> std::optional<std::int64_t> {
+                 if (at == end) return std::nullopt;
+                 return *at++;
+             });
+}
+
+void t_PrintChar(std::uint8_t window, std::uint8_t code) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) PrintThroughMode(window, *w, code, false);
+}
+
+void t_PrintTab(std::uint8_t window, std::int64_t column, std::uint8_t fill) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) PrintRepeatedly(window, *w, fill, toolkit::Minus(column, w->TextHpos));
+}
+
+void t_PrintSpc(std::uint8_t window, std::int64_t count) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) PrintRepeatedly(window, *w, kBlank, count);
+}
+
+void t_DisplayMode(std::uint8_t window, std::int64_t mode) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w != nullptr) w->TextDisplayMode = mode;
+}
+
+void t_Normal(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w != nullptr) w->TextInverse = false;
+}
+
+void t_Inverse(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w != nullptr) w->TextInverse = true;
+}
+
+void t_Reverse(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w != nullptr) w->TextInverse = !w->TextInverse;
+}
+
+bool t_PrintPause(std::int64_t key, bool wait) {
+    if (!t_EventPending ||
+        !t_EventQueue.DropAllIfNewest([key](const t_Event& event) { return event.Value == key; })) {
+        return false;
+    }
+    if (!wait) return true;
+    const std::int64_t keys = t_EventQueue.size();
+    const std::int64_t choices = t_MenuEventQueue.size();
+    while (t_EventQueue.size() == keys && t_MenuEventQueue.size() == choices) {
+        toolkit::SleepMilliseconds(10);
+    }
+    if (t_EventQueue.size() != keys) t_NextEvent();
+    return true;
+}

@@ -1,0 +1,86 @@
+#include "toolkit/window/host_windows.h"
+
+#include "platform/platform.h"
+#include "toolkit/core/outlets.h"
+#include "toolkit/window/window.h"
+
+namespace {
+
+using platform::TextView;
+using platform::View;
+using platform::Window;
+using toolkit::Outlets;
+
+// The other windows in the order in which a window's number is looked up.
+struct OtherRow {
+    std::uint8_t Number;
+    Window* Outlets::*Host;
+    TextView* Outlets::*Text;
+};
+
+constexpr OtherRow kOthers[] = {
+    {toolkit::kPrinterWindow, &Outlets::VirtualPrinterWindow, &Outlets::VirtualPrinterTextView},
+    {toolkit::kConsoleWindow, &Outlets::SystemConsoleWindow, &Outlets::SystemConsoleTextView},
+    {toolkit::kPasteboardWindow, &Outlets::PasteboardWindow, &Outlets::PasteboardTextView},
+    {toolkit::kPreferencesWindow, &Outlets::PreferencesWindow, nullptr},
+    {toolkit::kMainWindow, &Outlets::MainWindow, nullptr},
+};
+
+const OtherRow* RowOf(std::uint8_t window) {
+    for (const OtherRow& row : kOthers) {
+        if (row.Number == window) return &row;
+    }
+    return nullptr;
+}
+
+View* ViewOf(std::uint8_t window) {
+    const Outlets* const outlets = t_AppDelegate;
+    if (outlets == nullptr || window >= toolkit::kGraphicWindows) return nullptr;
+    return outlets->*toolkit::kViewOutlets[window];
+}
+
+Window* HostOf(std::uint8_t window) {
+    if (View* const view = ViewOf(window); view != nullptr) return view->HostWindow();
+    const Outlets* const outlets = t_AppDelegate;
+    const OtherRow* const row = RowOf(window);
+    return outlets == nullptr || row == nullptr ? nullptr : outlets->*row->Host;
+}
+
+TextView* TextOf(std::uint8_t window) {
+    const Outlets* const outlets = t_AppDelegate;
+    const OtherRow* const row = RowOf(window);
+    if (outlets == nullptr || row == nullptr || row->Text == nullptr) return nullptr;
+    return outlets->*row->Text;
+}
+
+}  // namespace
+
+View* t_WindowView(std::uint8_t window) {
+    return platform::AskMain([window] { return ViewOf(window); });
+}
+
+Window* t_WindowHostWindow(std::uint8_t window) {
+    return platform::AskMain([window] { return HostOf(window); });
+}
+
+TextView* t_WindowTextView(std::uint8_t window) {
+    return platform::AskMain([window] { return TextOf(window); });
+}
+
+std::uint8_t t_FrontWindow() {
+    return platform::AskMain(
+        [] { return toolkit::WindowNumber(platform::Current().App->MainWindow()); });
+}
+
+std::uint8_t toolkit::WindowNumber(const Window* window) {
+    return platform::AskMain([window] {
+        if (window == nullptr) return kNoWindow;
+        for (const OtherRow& row : kOthers) {
+            if (HostOf(row.Number) == window) return row.Number;
+        }
+        for (std::uint8_t n = 0; n < kGraphicWindows; ++n) {
+            if (HostOf(n) == window) return n;
+        }
+        return kNoWindow;
+    });
+}
