@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/pasteboard.h"
+
+namespace platform::desktop {
+
+/// The desktop's clipboard. Main thread.
+class Clipboard : public Pasteboard {
+  public:
+    [[nodiscard]] std::optional<std::string> Text() override;
+    void Clear() override;
+    void SetText(std::string_view text) override;
+    void SetPicture(const Picture& picture) override;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,84 @@
+#include "platform/desktop/desktop.h"
+
+#include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QApplication>
+#include <csignal>
+#include <string>
+
+#include "platform/desktop/clipboard.h"
+#include "platform/desktop/desk.h"
+#include "platform/desktop/desktop_application.h"
+#include "platform/desktop/display.h"
+#include "platform/desktop/file_panels.h"
+#include "platform/desktop/german.h"
+#include "platform/desktop/machine.h"
+#include "platform/desktop/sounds.h"
+#include "platform/desktop/text.h"
+#include "platform/desktop/window_maker.h"
+#include "platform/platform.h"
+
+namespace platform::desktop {
+
+namespace {
+
+/// Ends by the seam's rules when the session asks for the end: the window library would first ask
+/// every window, and a window of ours never closes.
+class EventLoop : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::Quit) return QApplication::event(event);
+        Current().App->Terminate();
+        return true;
+    }
+};
+
+// The choice of the display system is for this process alone, not for programs that it starts.
+void MakeEventLoop(int argc, char** argv) {
+    static int arguments = argc;
+    const bool chosenByPerson = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (!chosenByPerson) qputenv("QT_QPA_PLATFORM", ReachablePlatform().c_str());
+    new EventLoop(arguments, argv);
+    if (!chosenByPerson) qunsetenv("QT_QPA_PLATFORM");
+}
+
+void SetUpEventLoop(std::string_view applicationName) {
+    const QString name = ToQt(applicationName);
+    QApplication::setApplicationName(name);
+    QApplication::setApplicationDisplayName(QString());
+    QGuiApplication::setDesktopFileName(name.toLower());
+    QApplication::setQuitOnLastWindowClosed(false);
+    QLocale::setDefault(QLocale(QLocale::German));
+    QCoreApplication::installTranslator(new German);
+}
+
+}  // namespace
+
+void Start(int argc, char** argv, std::string_view applicationName) {
+    OpenStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    auto* const application = new DesktopApplication;
+    MakeEventLoop(argc, argv);
+    SetUpEventLoop(applicationName);
+    TheDesk().Pump.Open();
+
+    auto* const files = new ProgramFolders(applicationName);
+    Platform parts;
+    parts.App = application;
+    parts.Windows = new DesktopWindowMaker;
+    parts.Menus = &TheDesk().Bar.Model();
+    parts.Dialogs = new FilePanels;
+    parts.Board = new Clipboard;
+    parts.Audio = new DesktopSounds(files->Directory());
+    parts.Time = new MachineClock;
+    parts.Random = new MachineRandomness;
+    parts.Out = new StandardOutput;
+    parts.Files = files;
+    Install(parts);
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/application.h"
+
+namespace platform::desktop {
+
+/// The application's life: launch, event loop, end. The end comes from the program, a signal, the
+/// desktop's session or a lost display; the process is left then and there, also from inside an
+/// open panel.
+class DesktopApplication : public Application {
+  public:
+    /// Catches the signals that ask a program to end. Before other threads run.
+    DesktopApplication();
+
+    void Run(ApplicationClient& client) override;
+    void Terminate() override;
+    [[nodiscard]] Window* MainWindow() override;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,185 @@
+#include "platform/desktop/display.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <QtCore/QLibraryInfo>
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "platform/desktop/desktop.h"
+
+namespace platform::desktop {
+
+namespace {
+
+// Display systems in the order in which they are tried, unless the person's environment names
+// others. X comes first, also on a Wayland desktop: only there windows can be placed.
+constexpr std::string_view kPlatformOrder = "xcb;wayland";
+
+struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename Reply>
+using Answer = std::unique_ptr<Reply, Free>;
+
+// nullptr when there is no X display.
+Connection Connect() {
+    Connection connection(xcb_connect(nullptr, nullptr));
+    if (xcb_connection_has_error(connection.get()) != 0) return nullptr;
+    return connection;
+}
+
+xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
+    const auto request =
+        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Answer<xcb_intern_atom_reply_t> answer(
+        xcb_intern_atom_reply(connection, request, nullptr));
+    return answer == nullptr ? static_cast<xcb_atom_t>(XCB_ATOM_NONE) : answer->atom;
+}
+
+// The property as 32-bit numbers; empty when it is not there.
+std::vector<std::uint32_t> Numbers(xcb_connection_t* connection, xcb_window_t window,
+                                   xcb_atom_t property) {
+    constexpr std::uint32_t kMostNumbers = 1024;
+    const auto request = xcb_get_property(connection, 0, window, property,
+                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kMostNumbers);
+    const Answer<xcb_get_property_reply_t> answer(
+        xcb_get_property_reply(connection, request, nullptr));
+    if (answer == nullptr || answer->format != 32) return {};
+    const auto* const first =
+        static_cast<const std::uint32_t*>(xcb_get_property_value(answer.get()));
+    return {first, first + answer->value_len};
+}
+
+xcb_window_t MakeHiddenWindow(xcb_connection_t* connection, const xcb_screen_t& screen) {
+    const xcb_window_t window = xcb_generate_id(connection);
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, screen.root, 0, 0, 640, 400, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &events);
+    return window;
+}
+
+void RequestExtents(xcb_connection_t* connection, const xcb_screen_t& screen, xcb_window_t window) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = Atom(connection, "_NET_REQUEST_FRAME_EXTENTS");
+    xcb_send_event(connection, 0, screen.root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection);
+}
+
+// Waits until something happens to the window; false when the time is over.
+bool WaitForEvent(xcb_connection_t* connection, std::chrono::steady_clock::time_point until) {
+    while (xcb_connection_has_error(connection) == 0) {
+        const Answer<xcb_generic_event_t> event(xcb_poll_for_event(connection));
+        if (event != nullptr) return true;
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+            until - std::chrono::steady_clock::now());
+        if (left.count() <= 0) return false;
+        pollfd socket{xcb_get_file_descriptor(connection), POLLIN, 0};
+        poll(&socket, 1, static_cast<int>(left.count()));
+    }
+    return false;
+}
+
+bool WindowManagerRuns(xcb_connection_t* connection, const xcb_screen_t& screen) {
+    return !Numbers(connection, screen.root, Atom(connection, "_NET_SUPPORTING_WM_CHECK")).empty();
+}
+
+bool WaylandReachable() {
+    const char* const named = std::getenv("WAYLAND_DISPLAY");
+    const std::string name = named == nullptr || *named == '\0' ? "wayland-0" : named;
+    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+    if (!name.starts_with('/') && folder == nullptr) return false;
+    const std::string path = name.starts_with('/') ? name : std::string(folder) + "/" + name;
+    sockaddr_un address{};
+    if (path.size() >= sizeof address.sun_path) return false;
+    address.sun_family = AF_UNIX;
+    std::ranges::copy(path, address.sun_path);
+    const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (descriptor < 0) return false;
+    const bool reachable =
+        connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(descriptor);
+    return reachable;
+}
+
+bool PluginInstalled(std::string_view name) {
+    const std::filesystem::path folder =
+        QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString() + "/platforms";
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        if (entry.path().filename().string().starts_with("libq" + std::string(name))) return true;
+    }
+    return false;
+}
+
+// `plugin` as the window system's own choice of platform names it, options after a colon.
+bool PluginReachable(std::string_view plugin) {
+    const std::string_view name = plugin.substr(0, plugin.find(':'));
+    if (name.empty() || !PluginInstalled(name)) return false;
+    if (name == "xcb") return Connect() != nullptr;
+    if (name.starts_with("wayland")) return WaylandReachable();
+    return true;
+}
+
+}  // namespace
+
+std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience) {
+    const auto until = std::chrono::steady_clock::now() + patience;
+    const Connection connection = Connect();
+    if (connection == nullptr) return std::nullopt;
+    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data;
+    if (!WindowManagerRuns(connection.get(), screen)) return 0;
+
+    const xcb_window_t window = MakeHiddenWindow(connection.get(), screen);
+    const xcb_atom_t extents = Atom(connection.get(), "_NET_FRAME_EXTENTS");
+    RequestExtents(connection.get(), screen, window);
+    constexpr std::size_t kTop = 2;  // left, right, top, bottom
+    while (WaitForEvent(connection.get(), until)) {
+        const std::vector<std::uint32_t> sides = Numbers(connection.get(), window, extents);
+        if (sides.size() > kTop) return static_cast<int>(sides[kTop]);
+    }
+    return std::nullopt;
+}
+
+const std::string& ReachablePlatform() {
+    static const std::string reachable = [] {
+        const char* const chosen = std::getenv("QT_QPA_PLATFORM");
+        std::string_view plugins = chosen == nullptr || *chosen == '\0' ? kPlatformOrder : chosen;
+        while (!plugins.empty()) {
+            const std::size_t end = std::min(plugins.find(';'), plugins.size());
+            if (PluginReachable(plugins.substr(0, end))) return std::string(plugins.substr(0, end));
+            plugins.remove_prefix(std::min(end + 1, plugins.size()));
+        }
+        return std::string();
+    }();
+    return reachable;
+}
+
+bool DisplayReachable() {
+    return !ReachablePlatform().empty();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+// Questions to the display server that are asked beside the window system of the program, through a
+// connection of their own. Main thread.
+
+namespace platform::desktop {
+
+/// The first display system that can be reached, named as the window library names its plugins;
+/// empty when there is none. Found out once.
+[[nodiscard]] const std::string& ReachablePlatform();
+
+/// Height in device pixels of what the running window manager puts above a titled window, asked for
+/// a window that is not shown. 0 without a window manager; no value when the manager does not
+/// answer within `patience`, or when there is no X display.
+[[nodiscard]] std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience);
+
+}  // namespace platform::desktop

@@ -1,0 +1,116 @@
+#include "platform/desktop/file_panels.h"
+
+#include <QtCore/QStringList>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+
+#include "platform/desktop/text.h"
+
+namespace platform::desktop {
+
+namespace {
+
+// In points: room for all columns of the list.
+constexpr int kWidth = 780;
+constexpr int kHeight = 480;
+
+QStringList Patterns(const std::vector<std::string>& fileTypes) {
+    QStringList patterns;
+    for (const std::string& type : fileTypes) {
+        const QString extension = ToQt(type).trimmed();
+        if (!extension.isEmpty()) patterns << QLatin1String("*.") + extension;
+    }
+    return patterns;
+}
+
+QStringList Filters(const std::vector<std::string>& fileTypes, bool othersToo) {
+    const QString all = QStringLiteral("Alle Dateien (*)");
+    const QStringList patterns = Patterns(fileTypes);
+    if (patterns.isEmpty()) return {all};
+    QStringList filters{QStringLiteral("Passende Dateien (%1)").arg(patterns.join(u' '))};
+    if (othersToo) filters << all;
+    return filters;
+}
+
+// Puts the message above everything else in the dialog.
+void AddMessage(QFileDialog& dialog, const std::string& message) {
+    auto* const grid = qobject_cast<QGridLayout*>(dialog.layout());
+    if (message.empty() || grid == nullptr) return;
+    auto* const label = new QLabel(ToQt(message));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    auto* const above = new QVBoxLayout;
+    above->addWidget(label);
+    above->setContentsMargins(0, 0, 0, dialog.fontMetrics().height() / 2);
+    // A grid takes no row in front of its first: what stands in it moves down by one.
+    struct Cell {
+        QLayoutItem* Item = nullptr;
+        int Row = 0, Column = 0, Rows = 0, Columns = 0;
+    };
+    std::vector<Cell> cells;
+    while (grid->count() > 0) {
+        Cell cell;
+        grid->getItemPosition(0, &cell.Row, &cell.Column, &cell.Rows, &cell.Columns);
+        cell.Item = grid->takeAt(0);
+        cells.push_back(cell);
+    }
+    for (const Cell& cell : cells) {
+        grid->addItem(cell.Item, cell.Row + 1, cell.Column, cell.Rows, cell.Columns);
+    }
+    grid->addLayout(above, 0, 0, 1, grid->columnCount());
+}
+
+void SetUp(QFileDialog& dialog, const std::string& title, const std::string& message,
+           const std::string& prompt, const std::string& nameLabel) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(ToQt(title));
+    dialog.setLabelText(QFileDialog::Accept, ToLabel(prompt));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Abbrechen"));
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Suchen in:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Dateityp:"));
+    dialog.setLabelText(QFileDialog::FileName, ToLabel(nameLabel));
+    AddMessage(dialog, message);
+    dialog.resize(kWidth, kHeight);
+}
+
+std::vector<std::string> Run(QFileDialog& dialog) {
+    std::vector<std::string> paths;
+    if (dialog.exec() != QDialog::Accepted) return paths;
+    for (const QString& path : dialog.selectedFiles()) {
+        paths.push_back(FromQt(path.normalized(QString::NormalizationForm_C)));
+    }
+    return paths;
+}
+
+QFileDialog::FileMode Mode(const OpenPanel& panel) {
+    if (panel.FoldersAllowed) return QFileDialog::Directory;
+    return panel.SeveralAllowed ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+}
+
+}  // namespace
+
+std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setFileMode(Mode(panel));
+    dialog.setOption(QFileDialog::ShowDirsOnly, !panel.FilesAllowed);
+    dialog.setNameFilters(Filters(panel.FileTypes, false));
+    SetUp(dialog, panel.Title, panel.Message, panel.Prompt,
+          panel.FoldersAllowed ? "Ordner:" : "Datei:");
+    return Run(dialog);
+}
+
+std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(Filters(panel.FileTypes, true));
+    dialog.selectFile(ToQt(panel.PresetName));
+    SetUp(dialog, panel.Title, panel.Message, panel.Prompt, panel.NameLabel);
+    const std::vector<std::string> paths = Run(dialog);
+    if (paths.empty()) return std::nullopt;
+    return paths.front();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/panels.h"
+
+namespace platform::desktop {
+
+/// The panels for files, as dialogs of the program itself. Main thread.
+class FilePanels : public Panels {
+  public:
+    std::vector<std::string> RunOpenPanel(const OpenPanel& panel) override;
+    std::optional<std::string> RunSavePanel(const SavePanel& panel) override;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QtGui/QImage>
+#include <QtWidgets/QWidget>
+
+#include "platform/desktop/sharp_scale.h"
+#include "platform/view.h"
+
+namespace platform::desktop {
+
+class GraphicWindow;
+class ViewWidget;
+
+/// The drawing area of a graphic window and the picture that it shows. Main thread.
+class GraphicView : public View, private Canvas {
+  public:
+    GraphicView(GraphicWindow& window, ViewClient& client, const Rect& frame);
+
+    void SetNeedsDisplay() override;
+    void Display() override;
+    [[nodiscard]] Window* HostWindow() override;
+    [[nodiscard]] Rect Frame() const override { return frame_; }
+    void SetFrameSize(double width, double height) override;
+    void SetFrameOrigin(double x, double y) override;
+
+    /// Makes the widget inside the window's content.
+    void MakeWidget(QWidget& content);
+
+    /// One paint event of the widget: a display pass when one was asked for, and the picture.
+    void Paint(QWidget& widget);
+
+  private:
+    Picture& Buffer() override { return picture_; }
+    void Show() override;
+
+    void AskClient();
+    void DrawPicture(QWidget& widget);
+    void DrawSharp(QWidget& widget, const QSize& devicePixels);
+    [[nodiscard]] bool HasPicture() const;
+
+    GraphicWindow& window_;
+    ViewClient& client_;
+    Rect frame_;
+    ViewWidget* widget_ = nullptr;  // made with the window's widget
+
+    Picture picture_;
+    bool shown_ = false;        // picture_ is to be seen
+    bool needsDisplay_ = true;  // the client is asked at the next pass
+    bool asking_ = false;       // the client is being asked
+    SharpScaler scaler_;
+    QImage scaled_;  // picture_ in device pixels, for factors that are not whole
+    bool scaledIsOld_ = true;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/desktop/graphic_view.h"
+#include "platform/desktop/host_window.h"
+
+namespace platform::desktop {
+
+/// A window of fixed size around one drawing area. Main thread.
+class GraphicWindow : public HostWindow {
+  public:
+    explicit GraphicWindow(ViewClient& client);
+
+    [[nodiscard]] GraphicView& Area() { return view_; }
+
+  private:
+    void Fill(QWidget& content) override;
+
+    GraphicView view_;
+};
+
+}  // namespace platform::desktop

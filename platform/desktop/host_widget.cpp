@@ -1,0 +1,46 @@
+#include "platform/desktop/host_widget.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QMenuBar>
+
+#include "platform/desktop/desk.h"
+
+namespace platform::desktop {
+
+HostWidget::HostWidget(HostWidgetOwner& owner)
+    : owner_(owner), menuBar_(TheDesk().Bar.MakeBar(*this)), content_(new QWidget(this)) {
+    content_->setAutoFillBackground(true);
+}
+
+void HostWidget::SetMenuBarHeight(int height) {
+    menuBarHeight_ = height;
+    menuBar_->setVisible(height > 0);
+    LayOut();
+}
+
+void HostWidget::LayOut() {
+    menuBar_->setGeometry(0, 0, width(), menuBarHeight_);
+    content_->setGeometry(0, menuBarHeight_, width(), height() - menuBarHeight_);
+}
+
+// A window is hidden, never closed, and only when the client says so.
+void HostWidget::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    owner_.closeRequested();
+}
+
+void HostWidget::moveEvent(QMoveEvent* /*event*/) {
+    owner_.geometryChanged();
+}
+
+void HostWidget::resizeEvent(QResizeEvent* /*event*/) {
+    LayOut();
+    owner_.geometryChanged();
+}
+
+void HostWidget::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) owner_.activated();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QTimer>
+#include <cstdint>
+#include <optional>
+
+#include "platform/desktop/host_widget.h"
+#include "platform/window.h"
+
+namespace platform::desktop {
+
+/// A window of the program. Until it is shown for the first time it is nothing but the values here;
+/// its widgets are made then. Main thread.
+///
+/// The place of the content is what is kept, in the desktop's coordinates (origin at the upper
+/// left, y downwards). The frame follows from it and from the height of what stands above.
+class HostWindow : public Window, private HostWidgetOwner {
+  public:
+    enum class Sizing : std::uint8_t { Fixed, ByPerson };
+
+    /// Without a size the content has the one that FirstSize gives when it is asked for.
+    HostWindow(QString title, QSize content, Sizing sizing);
+
+    [[nodiscard]] Rect Frame() const override;
+    [[nodiscard]] Rect ScreenFrame() const override;
+    void SetFrame(const Rect& frame) override;
+    void Center() override;
+    [[nodiscard]] bool IsVisible() const override { return visible_; }
+    void OrderFront() override;
+    void MakeKeyAndOrderFront() override;
+    void OrderOut() override;
+    void SetTitle(std::string_view title) override;
+    void SetStyleMask(std::int64_t mask) override;
+    void SetBackgroundColor(Color color) override;
+
+    [[nodiscard]] QSize ContentSize() const { return Content().size(); }
+
+    /// Waits until something of a window that was just shown can be seen, a tenth of a second at
+    /// most. Only window events are served meanwhile, neither the person's input nor the queue.
+    void WaitForExposure();
+
+    /// The height above the content of titled windows changed.
+    void TitleBarDidChange();
+
+    /// The window that was active last among ours; nullptr when it was hidden since.
+    static HostWindow* LastActive();
+
+    /// nullptr until the window was shown for the first time.
+    [[nodiscard]] HostWidget* Widget() const { return widget_; }
+
+  protected:
+    [[nodiscard]] virtual QSize FirstSize() { return {}; }
+    /// Fills the content widget with what stands in the window. Called once.
+    virtual void Fill(QWidget& content) = 0;
+    /// The content has another size than before; before and after Fill.
+    virtual void ContentDidResize(QSize /*before*/) {}
+    /// The window is about to be shown.
+    virtual void WillShow() {}
+
+  private:
+    void closeRequested() override;
+    void geometryChanged() override;
+    void activated() override;
+
+    [[nodiscard]] const QRect& Content() const;
+    [[nodiscard]] QRect FrameRect() const;
+    [[nodiscard]] int HeightAbove() const;
+    void MakeWidget();
+    void Show(bool activate);
+    void Place(const QRect& content);
+    void ApplyPlace();
+    void Resized(QSize before);
+    void Settle();
+    void LookAtTitleBar(bool settled);
+    void ApplyBackground();
+
+    QString title_;
+    mutable QRect content_;  // through Content() until it has a size
+    Sizing sizing_;
+    bool titled_ = true;
+    bool visible_ = false;
+    bool everPlaced_ = false;
+    bool centred_ = false;      // by Center and not moved since
+    bool exposureDue_ = false;  // shown, and nobody waited for it yet
+    bool placed_ = false;       // content_ was asked for and has not been seen since
+    std::optional<Color> background_;
+    HostWidget* widget_ = nullptr;  // lives as long as the process
+    QTimer settle_;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,106 @@
+#include "platform/desktop/sounds.h"
+
+#include <QtWidgets/QApplication>
+#include <filesystem>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/desktop/sound_device.h"
+#include "platform/main_queue.h"
+
+namespace platform::desktop {
+
+namespace {
+
+using std::chrono::steady_clock;
+
+// How long a sound counts as playing before the sound thread has got to it.
+constexpr std::chrono::seconds kPatience{2};
+
+// An unused device is given back: it would keep a mixer running, and the next sound then finds the
+// device that the desktop uses by that time.
+constexpr std::chrono::seconds kKeepDevice{15};
+
+constexpr std::chrono::milliseconds kBetweenBeeps{60};
+
+}  // namespace
+
+DesktopSound::DesktopSound(DesktopSounds& owner, std::string path)
+    : owner_(owner), path_(std::move(path)) {}
+
+bool DesktopSound::IsPlaying() {
+    return steady_clock::now() < end_.load();
+}
+
+void DesktopSound::Play() {
+    if (IsPlaying() || asked_.exchange(true)) return;
+    end_ = steady_clock::now() + kPatience;
+    owner_.Wake();
+}
+
+void DesktopSound::PlaysFor(std::chrono::nanoseconds duration) {
+    end_ = steady_clock::now() + duration;
+}
+
+DesktopSounds::DesktopSounds(std::string directory) : directory_(std::move(directory)) {}
+
+Sound* DesktopSounds::Named(const std::string& name) {
+    const std::lock_guard lock(mutex_);
+    const auto [entry, isNew] = sounds_.try_emplace(name);
+    if (isNew) {
+        std::error_code error;
+        const std::string path = directory_ + "/" + name;
+        if (std::filesystem::is_regular_file(path, error)) {
+            entry->second = std::make_unique<DesktopSound>(*this, path);
+        }
+    }
+    return entry->second.get();
+}
+
+// A program that beeps without pause must not fill the connection to the display.
+void DesktopSounds::Beep() {
+    const auto now = steady_clock::now();
+    auto last = lastBeep_.load();
+    if (now - last < kBetweenBeeps || !lastBeep_.compare_exchange_strong(last, now)) return;
+    PostToMain([] { QApplication::beep(); });
+}
+
+void DesktopSounds::Wake() {
+    const std::lock_guard lock(mutex_);
+    woken_ = true;
+    if (!std::exchange(serving_, true)) std::thread([this] { Serve(); }).detach();
+    asked_.notify_one();
+}
+
+// The sound thread. It ends with the process.
+void DesktopSounds::Serve() {
+    SoundDevice device;
+    while (true) {
+        {
+            std::unique_lock lock(mutex_);
+            const auto woken = [this] { return woken_; };
+            if (!asked_.wait_for(lock, kKeepDevice, woken)) {
+                lock.unlock();
+                device.Close();
+                lock.lock();
+                asked_.wait(lock, woken);
+            }
+            woken_ = false;
+        }
+        for (DesktopSound* const sound : TakeRequests()) {
+            sound->PlaysFor(device.Play(sound->Path()));
+        }
+    }
+}
+
+std::vector<DesktopSound*> DesktopSounds::TakeRequests() {
+    std::vector<DesktopSound*> requests;
+    const std::lock_guard lock(mutex_);
+    for (const auto& [name, sound] : sounds_) {
+        if (sound != nullptr && sound->TakeRequest()) requests.push_back(sound.get());
+    }
+    return requests;
+}
+
+}  // namespace platform::desktop

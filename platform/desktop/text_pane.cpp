@@ -1,0 +1,160 @@
+#include "platform/desktop/text_pane.h"
+
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QScrollBar>
+#include <utility>
+
+#include "platform/desktop/text.h"
+
+namespace platform::desktop {
+
+namespace {
+
+constexpr int kFlushMs = 20;
+
+// Longer lines are broken on the screen only: setting a line takes time with its length.
+constexpr qsizetype kLongestLine = 4000;
+
+// More than this is not added to what the editor has; it gets the whole text anew.
+constexpr std::size_t kMostToInsert = 256 * 1024;
+
+QFont FixedWidthFont(std::string_view family, double points) {
+    QFont font;
+    font.setFamilies({ToQt(family), QStringLiteral("Menlo"), QStringLiteral("DejaVu Sans Mono"),
+                      QStringLiteral("monospace")});
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+    if (points > 0) font.setPointSizeF(points);
+    return font;
+}
+
+bool StandsAtEnd(const QPlainTextEdit& editor) {
+    const QScrollBar& bar = *editor.verticalScrollBar();
+    return bar.value() == bar.maximum();
+}
+
+void ShowEnd(const QPlainTextEdit& editor) {
+    QScrollBar& bar = *editor.verticalScrollBar();
+    bar.setValue(bar.maximum());
+}
+
+}  // namespace
+
+TextPane::TextPane() : font_(FixedWidthFont("Menlo", 11)) {
+    flush_.setSingleShot(true);
+    flush_.setInterval(kFlushMs);
+    QObject::connect(&flush_, &QTimer::timeout, [this] { Flush(); });
+}
+
+void TextPane::SetText(std::string_view text) {
+    store_.Set(text);
+    followEnd_ = text.empty();
+    ChangedWholly();
+}
+
+void TextPane::AppendText(std::string_view text) {
+    if (text.empty()) return;
+    store_.Append(text);
+    if (editor_ == nullptr || replace_) return;
+    pending_.append(text);
+    if (pending_.size() > kMostToInsert || !editor_->isVisible()) {
+        followEnd_ = StandsAtEnd(*editor_);
+        ChangedWholly();
+    }
+    ScheduleFlush();
+}
+
+void TextPane::SetLineLimit(std::int64_t lines) {
+    store_.SetLimit(lines);
+    if (editor_ == nullptr) return;
+    editor_->setMaximumBlockCount(static_cast<int>(store_.Limit()));
+    ChangedWholly();
+}
+
+// The editor of this desktop substitutes and detects nothing by itself.
+void TextPane::SetAutomaticSubstitutions(bool /*on*/) {}
+
+void TextPane::SetFont(std::string_view family, double points) {
+    font_ = FixedWidthFont(family, points);
+    if (editor_ != nullptr) editor_->setFont(font_);
+}
+
+void TextPane::SetNeedsDisplay() {
+    if (editor_ != nullptr) editor_->viewport()->update();
+}
+
+QPlainTextEdit* TextPane::MakeEditor(QWidget& parent, bool wrap) {
+    editor_ = new QPlainTextEdit(&parent);
+    editor_->setReadOnly(true);
+    editor_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    editor_->setUndoRedoEnabled(false);
+    editor_->setLineWrapMode(wrap ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+    editor_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    editor_->setFont(font_);
+    editor_->setMaximumBlockCount(static_cast<int>(store_.Limit()));
+    replace_ = true;
+    return editor_;
+}
+
+void TextPane::ChangedWholly() {
+    pending_.clear();
+    pending_.shrink_to_fit();
+    replace_ = true;
+    ScheduleFlush();
+}
+
+void TextPane::ScheduleFlush() {
+    if (editor_ != nullptr && editor_->isVisible() && !flush_.isActive()) flush_.start();
+}
+
+void TextPane::Flush() {
+    if (editor_ == nullptr) return;
+    const bool follow = replace_ ? followEnd_ : StandsAtEnd(*editor_);
+    if (std::exchange(replace_, false)) {
+        editorEndsWithReturn_ = false;
+        editor_->setPlainText(ForEditor(store_.Text(), 0));
+    } else {
+        Insert(pending_);
+    }
+    pending_.clear();
+    if (follow) ShowEnd(*editor_);
+}
+
+// Adds at the end of the last line, beside the person's own selection.
+void TextPane::Insert(std::string_view text) {
+    QTextCursor cursor(editor_->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(ForEditor(text, cursor.positionInBlock()));
+}
+
+// The text with line feeds for line ends and with too long lines broken. `column` is the length of
+// the line that the text continues.
+QString TextPane::ForEditor(std::string_view text, qsizetype column) {
+    const QString all = ToQt(text);
+    QString result;
+    result.reserve(all.size() + all.size() / kLongestLine + 1);
+    bool afterReturn = editorEndsWithReturn_;
+    for (const QChar character : all) {
+        const bool lineFeed = character == QLatin1Char('\n');
+        const bool secondOfPair = lineFeed && afterReturn;
+        afterReturn = character == QLatin1Char('\r');
+        if (secondOfPair) continue;
+        if (lineFeed || afterReturn) {
+            result += QLatin1Char('\n');
+            column = 0;
+            continue;
+        }
+        if (column >= kLongestLine && !character.isLowSurrogate()) {
+            result += QLatin1Char('\n');
+            column = 0;
+        }
+        result += character;
+        ++column;
+    }
+    editorEndsWithReturn_ = afterReturn;
+    return result;
+}
+
+}  // namespace platform::desktop

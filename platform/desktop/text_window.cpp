@@ -1,0 +1,65 @@
+#include "platform/desktop/text_window.h"
+
+#include <QtWidgets/QPlainTextEdit>
+#include <utility>
+
+#include "platform/desktop/column_ruler.h"
+
+namespace platform::desktop {
+
+namespace {
+
+// Margins in points. The ruler begins where the text begins inside the scroll view.
+constexpr double kMargin = 10;
+constexpr double kMarginWithRuler = 20;
+constexpr double kRoomForRuler = 15;
+constexpr double kRulerMargin = 24;
+constexpr double kRulerHeight = 19;
+
+Rect Inside(const QSize& content, double margin, double roomAbove) {
+    return {margin, margin, content.width() - 2 * margin,
+            content.height() - 2 * margin - roomAbove};
+}
+
+}  // namespace
+
+TextWindow::TextWindow(QString title, QSize content, bool ruler)
+    : HostWindow(std::move(title), content, Sizing::ByPerson),
+      hasRuler_(ruler),
+      scroll_(*this),
+      ruler_(*this) {
+    scroll_.SetFrame(ruler ? Inside(content, kMarginWithRuler, kRoomForRuler)
+                           : Inside(content, kMargin, 0));
+    const Rect text = scroll_.Frame();
+    ruler_.SetFrame(
+        {kRulerMargin, text.Y + text.Height + 1, content.width() - 2 * kRulerMargin, kRulerHeight});
+}
+
+TextWindowParts TextWindow::Parts() {
+    return {this, &scroll_, &text_, hasRuler_ ? &ruler_ : nullptr};
+}
+
+void TextWindow::Fill(QWidget& content) {
+    QPlainTextEdit* const editor = text_.MakeEditor(content, !hasRuler_);
+    scroll_.SetWidget(editor);
+    if (hasRuler_) ruler_.SetWidget(new ColumnRuler(content, *editor));
+    editor->setFocus();
+}
+
+void TextWindow::ContentDidResize(QSize before) {
+    const QSize more = ContentSize() - before;
+    Rect text = scroll_.Frame();
+    text.Width += more.width();
+    text.Height += more.height();
+    scroll_.SetFrame(text);
+    Rect columns = ruler_.Frame();
+    columns.Width += more.width();
+    columns.Y += more.height();
+    ruler_.SetFrame(columns);
+}
+
+void TextWindow::WillShow() {
+    text_.Flush();
+}
+
+}  // namespace platform::desktop

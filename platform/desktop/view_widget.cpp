@@ -1,0 +1,161 @@
+#include "platform/desktop/view_widget.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <cmath>
+#include <optional>
+
+#include "platform/desktop/graphic_view.h"
+#include "platform/desktop/key_events.h"
+
+namespace platform::desktop {
+
+namespace {
+
+// How long the second half of a repetition may take to arrive.
+constexpr int kRepetitionMs = 5;
+
+// Menus may have what the program cannot get anyway: Control with Shift. Everything else that is
+// held with Control is a key press.
+bool BelongsToProgram(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::ControlModifier) &&
+           !event.modifiers().testFlag(Qt::ShiftModifier);
+}
+
+}  // namespace
+
+ViewWidget::ViewWidget(GraphicView& view, ViewClient& client, QWidget& content)
+    : QWidget(&content), view_(view), client_(client), content_(content) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoMousePropagation);
+    if (client_.acceptsFirstResponder()) {
+        setFocusPolicy(Qt::StrongFocus);
+        setFocus();
+    }
+    release_.setSingleShot(true);
+    QObject::connect(&release_, &QTimer::timeout, this, [this] { ReleaseKey(); });
+    content_.installEventFilter(this);
+    LayOut();
+}
+
+void ViewWidget::LayOut() {
+    const Rect frame = view_.Frame();
+    const auto whole = [](double value) { return static_cast<int>(std::lround(value)); };
+    const int height = whole(frame.Height);
+    setGeometry(whole(frame.X), content_.height() - whole(frame.Y) - height, whole(frame.Width),
+                height);
+}
+
+bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != &content_) return QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+        case QEvent::Resize:
+            LayOut();
+            return false;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick: {
+            const auto& press = static_cast<const QMouseEvent&>(*event);
+            Press(press, press.position());
+            return true;
+        }
+        case QEvent::MouseButtonRelease:
+            Release(static_cast<const QMouseEvent&>(*event));
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool ViewWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        BelongsToProgram(static_cast<const QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
+    view_.Paint(*this);
+}
+
+void ViewWidget::keyPressEvent(QKeyEvent* event) {
+    const NativeKey key = NativeKeyOf(*event);
+    const bool repetition = releasedKey_ == key.ScanCode && releaseTime_ == event->timestamp();
+    if (repetition) release_.stop();
+    if (release_.isActive()) ReleaseKey();
+    if (ModifierOfSymbol(key.Symbol) != 0) {
+        client_.flagsChanged(FlagsHeldNow());
+    } else if (const std::optional<KeyPress> press = MapKey(key)) {
+        keyHeld_ = true;
+        client_.keyDown(*press);
+    }
+}
+
+void ViewWidget::keyReleaseEvent(QKeyEvent* event) {
+    if (ModifierOfSymbol(event->nativeVirtualKey()) != 0) {
+        client_.flagsChanged(FlagsHeldNow());
+    } else if (!event->isAutoRepeat()) {
+        if (release_.isActive()) ReleaseKey();
+        releasedKey_ = event->nativeScanCode();
+        releaseTime_ = event->timestamp();
+        release_.start(kRepetitionMs);
+    }
+}
+
+void ViewWidget::focusInEvent(QFocusEvent* /*event*/) {
+    client_.flagsChanged(FlagsHeldNow());
+}
+
+// What is released from here on is released elsewhere.
+void ViewWidget::focusOutEvent(QFocusEvent* /*event*/) {
+    if (keyHeld_) ReleaseKey();
+    client_.flagsChanged(FlagsHeldNow() & kCapsLockFlag);
+}
+
+void ViewWidget::mousePressEvent(QMouseEvent* event) {
+    Press(*event, event->position() + pos());
+}
+
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+    Release(*event);
+}
+
+void ViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    Press(*event, event->position() + pos());
+}
+
+bool ViewWidget::focusNextPrevChild(bool /*next*/) {
+    return false;
+}
+
+void ViewWidget::ReleaseKey() {
+    release_.stop();
+    keyHeld_ = false;
+    client_.keyUp();
+}
+
+// `place` counts from the upper left of the content. A press on its top row of points is at the
+// full height of the content.
+void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
+    MousePress press;
+    press.X = std::floor(place.x());
+    press.Y = content_.height() - std::floor(place.y());
+    press.Buttons = static_cast<std::int64_t>(event.buttons().toInt());
+    press.ModifierFlags = FlagsOf(event.modifiers()) | (FlagsHeldNow() & kCapsLockFlag);
+    if (event.button() == Qt::RightButton) {
+        client_.rightMouseDown(press);
+    } else {
+        client_.mouseDown(press);
+    }
+}
+
+void ViewWidget::Release(const QMouseEvent& event) {
+    if (event.button() == Qt::RightButton) {
+        client_.rightMouseUp();
+    } else {
+        client_.mouseUp();
+    }
+}
+
+}  // namespace platform::desktop

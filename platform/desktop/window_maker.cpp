@@ -1,0 +1,29 @@
+#include "platform/desktop/window_maker.h"
+
+#include <utility>
+
+#include "platform/desktop/form_window.h"
+#include "platform/desktop/graphic_window.h"
+#include "platform/desktop/text.h"
+#include "platform/desktop/text_window.h"
+
+namespace platform::desktop {
+
+// Windows live as long as the process.
+
+GraphicWindowParts DesktopWindowMaker::MakeGraphicWindow(ViewClient& client) {
+    auto* const window = new GraphicWindow(client);
+    return {window, &window->Area()};
+}
+
+TextWindowParts DesktopWindowMaker::MakeTextWindow(std::string_view title, double width,
+                                                   double height, bool ruler) {
+    const QSize content = QSizeF(width, height).toSize();
+    return (new TextWindow(ToQt(title), content, ruler))->Parts();
+}
+
+Window* DesktopWindowMaker::MakeFormWindow(std::string_view title, std::vector<FormRow> rows) {
+    return new FormWindow(ToQt(title), std::move(rows));
+}
+
+}  // namespace platform::desktop
