@@ -1,0 +1,172 @@
+#include "app/interface.h"
+
+#include <utility>
+#include <vector>
+
+#include "app/console_feed.h"
+#include "app/menus.h"
+#include "platform/platform.h"
+#include "toolkit/core/output.h"
+#include "toolkit/core/sounds.h"
+#include "toolkit/graphics/graphic_view.h"
+#include "toolkit/window/host_windows.h"
+#include "toolkit/window/placement.h"
+#include "toolkit/window/window.h"
+
+namespace {
+
+using platform::FormRow;
+
+constexpr double kTextWindowWidth = 720;  // of the content, points
+constexpr double kTextWindowHeight = 480;
+
+// Views live as long as the process.
+template <typename View>
+void AddGraphicWindow(platform::View*& outlet) {
+    outlet = platform::Current().Windows->MakeGraphicWindow(*new View).Area;
+}
+
+void AddGraphicWindows(toolkit::Outlets& outlets) {
+    AddGraphicWindow<View00>(outlets.t_View00);
+    AddGraphicWindow<View01>(outlets.t_View01);
+    AddGraphicWindow<View02>(outlets.t_View02);
+    AddGraphicWindow<View03>(outlets.t_View03);
+    AddGraphicWindow<View04>(outlets.t_View04);
+    AddGraphicWindow<View05>(outlets.t_View05);
+    AddGraphicWindow<View06>(outlets.t_View06);
+    AddGraphicWindow<View07>(outlets.t_View07);
+}
+
+void AddTextWindows(toolkit::Outlets& outlets) {
+    platform::WindowMaker& windows = *platform::Current().Windows;
+    const auto pasteboard =
+        windows.MakeTextWindow("Zwischenablage", kTextWindowWidth, kTextWindowHeight, false);
+    outlets.PasteboardWindow = pasteboard.Host;
+    outlets.PasteboardScrollView = pasteboard.Scroll;
+    outlets.PasteboardTextView = pasteboard.Text;
+
+    const auto printer =
+        windows.MakeTextWindow("Drucker", kTextWindowWidth, kTextWindowHeight, true);
+    outlets.VirtualPrinterWindow = printer.Host;
+    outlets.VirtualPrinterScrollView = printer.Scroll;
+    outlets.VirtualPrinterTextView = printer.Text;
+    outlets.VirtualPrinterRuler = printer.Columns;
+
+    const auto console =
+        windows.MakeTextWindow("Systemkonsole", kTextWindowWidth, kTextWindowHeight, true);
+    outlets.SystemConsoleWindow = console.Host;
+    outlets.SystemConsoleScrollView = console.Scroll;
+    outlets.SystemConsoleTextView = console.Text;
+    outlets.SystemConsoleRuler = console.Columns;
+    toolkit::SetOutputListener(MakeConsoleFeed(*console.Text));
+}
+
+FormRow Words(FormRow::Kind kind, std::string_view text) {
+    FormRow row;
+    row.What = kind;
+    row.Title = text;
+    return row;
+}
+
+FormRow Button(std::string_view title, std::function<void()> pressed,
+               std::function<bool()> enabled = {}) {
+    FormRow row = Words(FormRow::Kind::Button, title);
+    row.Changed = [pressed = std::move(pressed)](std::int64_t /*value*/) {
+        AppDelegate::ButtonHandler();
+        pressed();
+    };
+    row.Enabled = std::move(enabled);
+    return row;
+}
+
+FormRow ShowButton(std::string_view title, std::uint8_t window) {
+    return Button(title, [window] { t_WindowFront(window); });
+}
+
+bool FirstWindowIsOpen() {
+    const std::uint8_t first = t_FirstWindow;
+    return first < toolkit::kGraphicWindows && t_Windows[first].Initialized;
+}
+
+// What is left when every other window is hidden: the ways back to them.
+void AddMainWindow(toolkit::Outlets& outlets) {
+    outlets.MainWindow = platform::Current().Windows->MakeFormWindow(
+        "Korvandi",
+        {
+            Words(FormRow::Kind::Heading, "Korvandi"),
+            Words(
+                FormRow::Kind::Label,
+                "Ein kleiner Heimcomputer in Fenstern. Hier kommen Sie zu allen Fenstern zurück."),
+            Button(
+                "Programmfenster zeigen", [] { t_WindowFront(t_FirstWindow); }, FirstWindowIsOpen),
+            ShowButton("Zwischenablage zeigen", toolkit::kPasteboardWindow),
+            ShowButton("Drucker zeigen", toolkit::kPrinterWindow),
+            ShowButton("Systemkonsole zeigen", toolkit::kConsoleWindow),
+            ShowButton("Einstellungen …", toolkit::kPreferencesWindow),
+            Button("Korvandi beenden", [] { platform::Current().App->Terminate(); }),
+        });
+}
+
+constexpr std::int64_t kRefreshRates[] = {10, 15, 30, 60};
+constexpr std::int64_t kUsualRate = 2;  // index of the rate that windows open with
+constexpr std::int64_t kScalesInPercent[] = {100, 150, 200, 300};
+
+template <typename Act>
+void ForEachOpenWindow(const Act& act) {
+    for (std::uint8_t n = 0; n < toolkit::kGraphicWindows; ++n) {
+        if (t_Windows[n].Initialized) act(n, t_Windows[n]);
+    }
+}
+
+template <std::size_t Count>
+FormRow Choice(std::string_view title, const std::int64_t (&numbers)[Count], std::string_view unit,
+               std::int64_t preset, std::function<void(std::int64_t)> chosen) {
+    FormRow row = Words(FormRow::Kind::Choice, title);
+    for (const std::int64_t number : numbers) {
+        row.Options.push_back(toolkit::Joined(number, unit));
+    }
+    row.Value = preset;
+    row.Changed = [&numbers, chosen = std::move(chosen)](std::int64_t index) {
+        if (index >= 0 && index < std::ssize(numbers)) chosen(numbers[index]);
+    };
+    return row;
+}
+
+void SetRefreshRate(std::int64_t rate) {
+    ForEachOpenWindow([rate](std::uint8_t /*n*/, t_Window& w) { w.RefreshRate = rate; });
+}
+
+void SetScale(std::int64_t percent) {
+    ForEachOpenWindow([percent](std::uint8_t n, const t_Window& w) {
+        t_WindowSize(n, -1, -1, w.Width * percent / 100, w.Height * percent / 100);
+    });
+}
+
+FormRow SoundSwitch() {
+    FormRow row = Words(FormRow::Kind::CheckBox, "Töne");
+    row.Value = 1;
+    row.Changed = [](std::int64_t on) { toolkit::SoundsOn = on != 0; };
+    return row;
+}
+
+void AddPreferencesWindow(toolkit::Outlets& outlets) {
+    outlets.PreferencesWindow = platform::Current().Windows->MakeFormWindow(
+        "Einstellungen",
+        {
+            Words(FormRow::Kind::Heading, "Einstellungen"),
+            SoundSwitch(),
+            Choice("Größe der offenen Grafikfenster", kScalesInPercent, " %", 0, SetScale),
+            Choice("Bilder je Sekunde", kRefreshRates, "", kUsualRate, SetRefreshRate),
+            Words(FormRow::Kind::Label, "Gilt für die offenen Grafikfenster, bis Korvandi endet."),
+        });
+}
+
+}  // namespace
+
+void BuildInterface(AppDelegate& delegate) {
+    BuildMenus();
+    AddGraphicWindows(delegate);
+    AddTextWindows(delegate);
+    AddMainWindow(delegate);
+    AddPreferencesWindow(delegate);
+}

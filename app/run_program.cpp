@@ -1,0 +1,14 @@
+#include "app/run_program.h"
+
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "app/interface.h"
+#include "platform/platform.h"
+
+void RunProgram(std::function<void()> program) {
+    // Never destroyed: other threads may be using it when the process ends.
+    auto& delegate = *new AppDelegate(std::move(program));
+    BuildInterface(delegate);
+    platform::Current().App->Run(delegate);
+}

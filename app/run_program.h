@@ -1,0 +1,9 @@
+#pragma once
+
+#include <functional>
+
+/// Runs `program`, any function without arguments written against toolkit/toolkit.h, as a windowed
+/// application on the installed platform: builds the interface, launches, runs `program` on a
+/// thread of its own, and returns when the application was asked to end. Main thread, once per
+/// process.
+void RunProgram(std::function<void()> program);
