@@ -20,10 +20,10 @@ using platform::FormRow;
 constexpr double kTextWindowWidth = 720;  // of the content, points
 constexpr double kTextWindowHeight = 480;
 
-// Views live as long as the process.
 template <typename View>
 void AddGraphicWindow(platform::View*& outlet) {
-    outlet = platform::Current().Windows->MakeGraphicWindow(*new View).Area;
+    static View& view = *new View;  // asked for pictures as long as the process lives
+    outlet = platform::Current().Windows->MakeGraphicWindow(view).Area;
 }
 
 void AddGraphicWindows(toolkit::Outlets& outlets) {
