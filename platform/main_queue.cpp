@@ -9,6 +9,7 @@ namespace platform {
 
 void MainQueue::Open(std::function<void()> wake) {
     const std::lock_guard lock(mutex_);
+    items_.clear();
     wake_ = std::move(wake);
     main_ = std::this_thread::get_id();
     open_ = true;
