@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <thread>
 #include <utility>
 
@@ -14,10 +15,7 @@ class Headless::NamedSound final : public Sound {
     NamedSound(Headless& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
 
     bool IsPlaying() override { return false; }
-    void Play() override {
-        const std::lock_guard lock(desktop_.mutex_);
-        desktop_.played_.push_back(name_);
-    }
+    void Play() override { desktop_.Note(name_); }
 
   private:
     Headless& desktop_;
@@ -223,8 +221,13 @@ Sound* Headless::Named(const std::string& name) {
 }
 
 void Headless::Beep() {
+    Note("beep");
+}
+
+void Headless::Note(std::string sound) {
+    if (!KeepPlayed) return;
     const std::lock_guard lock(mutex_);
-    played_.emplace_back("beep");
+    played_.push_back(std::move(sound));
 }
 
 double Headless::Now() {
@@ -252,8 +255,12 @@ std::uint32_t Headless::Next() {
 
 void Headless::Write(std::string_view text) {
     const std::lock_guard lock(mutex_);
-    printed_ += text;
+    if (KeepOutput) printed_ += text;
     if (EchoOutput) std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+std::string Headless::ExecutableFolder() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
 }
 
 FileContent Headless::ReadFile(const std::string& path) {

@@ -135,14 +135,20 @@ class Headless final : public Application,
     Rect Screen{0, 0, 1920, 1080};
     double AboveContent = 28;  // height of the title bar with the menus
     std::string Bundle = "/Applications/Korvandi.app";
-    std::string ResourceFolder;                              // for files that Files does not name
+    std::string ResourceFolder;  // for files that Files does not name
+    /// The folder of the running program, where the build puts the resources too.
+    [[nodiscard]] static std::string ExecutableFolder();
     std::map<std::string, std::vector<std::uint8_t>> Files;  // resource files by name
     std::map<std::string, bool> SoundFiles;                  // by name; true: found
     std::function<std::uint32_t()> NextRandom;               // none: a fixed sequence
-    bool RealTime = false;           // true: time passes by itself and sleep really waits
-    double StartTime = 800'000'000;  // of the clock, seconds since 2001
-    std::function<void()> OnSleep;   // called in every Sleep, on the sleeping thread
-    bool EchoOutput = false;         // also to the process's standard output
+    bool RealTime = false;  // true: time passes by itself and sleep really waits
+    /// Of the clock, seconds since 2001; not a whole number, since chance is made from its
+    /// fractions.
+    double StartTime = 800'000'000.0123;
+    std::function<void()> OnSleep;  // called in every Sleep, on the sleeping thread
+    bool EchoOutput = false;        // also to the process's standard output
+    bool KeepOutput = true;         // for Printed
+    bool KeepPlayed = true;         // for Played
 
     // What the person does.
     MenuBar Menu;
@@ -213,6 +219,8 @@ class Headless final : public Application,
     [[nodiscard]] FileContent ReadFile(const std::string& path) override;
 
   private:
+    void Note(std::string sound);
+
     friend class HeadlessWindow;
     class NamedSound;
 

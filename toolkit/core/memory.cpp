@@ -7,6 +7,7 @@
 #include <new>
 
 #include "toolkit/core/output.h"
+#include "toolkit/core/shared_bytes.h"
 
 constinit t_MemoryArray t_Memory;
 
@@ -14,114 +15,96 @@ namespace toolkit {
 
 namespace {
 
-using Word = std::uint64_t;
-
-constexpr std::int64_t kWord = sizeof(Word);
 constexpr std::int64_t kChunk = 4096;  // bytes of a local buffer: small enough for the first cache
+constexpr std::int64_t kVector = 16;   // the most bytes that move at once
 
-// The bytes of the array are only ever read and written through relaxed atomics of one byte or of
-// one aligned word. The builtins, unlike std::atomic_ref, take a word where bytes were made.
-Word LoadWord(const std::uint8_t* at) {
-    return __atomic_load_n(reinterpret_cast<const Word*>(at), __ATOMIC_RELAXED);
-}
-
-void StoreWord(std::uint8_t* at, Word value) {
-    __atomic_store_n(reinterpret_cast<Word*>(at), value, __ATOMIC_RELAXED);
-}
-
-std::uint8_t LoadByte(const std::uint8_t* at) {
-    return __atomic_load_n(at, __ATOMIC_RELAXED);
-}
-
-void StoreByte(std::uint8_t* at, std::uint8_t byte) {
-    __atomic_store_n(at, byte, __ATOMIC_RELAXED);
-}
-
-// How a run splits: bytes up to an aligned address, whole words, and the bytes left.
+// How a run splits: bytes up to an aligned address, whole vectors, and the bytes left.
 struct Split {
     std::int64_t Head;
-    std::int64_t Words;  // in bytes
+    std::int64_t Vectors;  // in bytes
     std::int64_t Tail;
 };
 
 Split SplitAt(std::int64_t address, std::int64_t count) {
-    const std::int64_t head = std::min(-address & (kWord - 1), count);
-    const std::int64_t words = (count - head) & ~(kWord - 1);
-    return {head, words, count - head - words};
+    const std::int64_t head = std::min(-address & (kVector - 1), count);
+    const std::int64_t vectors = (count - head) & ~(kVector - 1);
+    return {head, vectors, count - head - vectors};
 }
 
 void CopyOut(const std::uint8_t* from, std::uint8_t* to, const Split& split) {
     for (const std::uint8_t* const end = to + split.Head; to != end;) *to++ = LoadByte(from++);
-    for (const std::uint8_t* const end = to + split.Words; to != end; to += kWord, from += kWord) {
-        const Word word = LoadWord(from);
-        std::memcpy(to, &word, kWord);
+    for (const std::uint8_t* const end = to + split.Vectors; to != end;
+         to += kVector, from += kVector) {
+        const Bytes16 bytes = Load16(from);
+        std::memcpy(to, &bytes, kVector);
     }
     for (const std::uint8_t* const end = to + split.Tail; to != end;) *to++ = LoadByte(from++);
 }
 
 void CopyIn(const std::uint8_t* from, std::uint8_t* to, const Split& split) {
     for (const std::uint8_t* const end = to + split.Head; to != end;) StoreByte(to++, *from++);
-    for (const std::uint8_t* const end = to + split.Words; to != end; to += kWord, from += kWord) {
-        Word word = 0;
-        std::memcpy(&word, from, kWord);
-        StoreWord(to, word);
+    for (const std::uint8_t* const end = to + split.Vectors; to != end;
+         to += kVector, from += kVector) {
+        Bytes16 bytes;
+        std::memcpy(&bytes, from, kVector);
+        Store16(to, bytes);
     }
     for (const std::uint8_t* const end = to + split.Tail; to != end;) StoreByte(to++, *from++);
 }
 
-// Both addresses have the same place in their words: whole words go straight across, four at a
-// time.
+// Four vectors from one place to another; all are read before one is written.
+void MoveFour(const std::uint8_t* from, std::uint8_t* to) {
+    const Bytes16 a = Load16(from);
+    const Bytes16 b = Load16(from + kVector);
+    const Bytes16 c = Load16(from + 2 * kVector);
+    const Bytes16 d = Load16(from + 3 * kVector);
+    Store16(to, a);
+    Store16(to + kVector, b);
+    Store16(to + 2 * kVector, c);
+    Store16(to + 3 * kVector, d);
+}
+
+// Both addresses have the same place in their vectors: whole vectors go straight across.
 void MoveUpwards(const std::uint8_t* from, std::uint8_t* to, const Split& split) {
     for (const std::uint8_t* const end = to + split.Head; to != end;) {
         StoreByte(to++, LoadByte(from++));
     }
-    std::int64_t words = split.Words / kWord;
-    for (; words >= 4; words -= 4, from += 4 * kWord, to += 4 * kWord) {
-        const Word a = LoadWord(from);
-        const Word b = LoadWord(from + kWord);
-        const Word c = LoadWord(from + 2 * kWord);
-        const Word d = LoadWord(from + 3 * kWord);
-        StoreWord(to, a);
-        StoreWord(to + kWord, b);
-        StoreWord(to + 2 * kWord, c);
-        StoreWord(to + 3 * kWord, d);
+    std::int64_t left = split.Vectors;
+    for (; left >= 4 * kVector; left -= 4 * kVector) {
+        MoveFour(from, to);
+        from += 4 * kVector;
+        to += 4 * kVector;
     }
-    for (; words > 0; --words, from += kWord, to += kWord) StoreWord(to, LoadWord(from));
+    for (; left > 0; left -= kVector, from += kVector, to += kVector) Store16(to, Load16(from));
     for (const std::uint8_t* const end = to + split.Tail; to != end;) {
         StoreByte(to++, LoadByte(from++));
     }
 }
 
+// The same from the last byte down to the first.
 void MoveDownwards(const std::uint8_t* from, std::uint8_t* to, const Split& split) {
-    from += split.Head + split.Words + split.Tail;
-    to += split.Head + split.Words + split.Tail;
+    from += split.Head + split.Vectors + split.Tail;
+    to += split.Head + split.Vectors + split.Tail;
     for (const std::uint8_t* const end = to - split.Tail; to != end;) {
         StoreByte(--to, LoadByte(--from));
     }
-    std::int64_t words = split.Words / kWord;
-    for (; words >= 4; words -= 4) {
-        from -= 4 * kWord;
-        to -= 4 * kWord;
-        const Word a = LoadWord(from);
-        const Word b = LoadWord(from + kWord);
-        const Word c = LoadWord(from + 2 * kWord);
-        const Word d = LoadWord(from + 3 * kWord);
-        StoreWord(to + 3 * kWord, d);
-        StoreWord(to + 2 * kWord, c);
-        StoreWord(to + kWord, b);
-        StoreWord(to, a);
+    std::int64_t left = split.Vectors;
+    for (; left >= 4 * kVector; left -= 4 * kVector) {
+        from -= 4 * kVector;
+        to -= 4 * kVector;
+        MoveFour(from, to);
     }
-    for (; words > 0; --words) {
-        from -= kWord;
-        to -= kWord;
-        StoreWord(to, LoadWord(from));
+    for (; left > 0; left -= kVector) {
+        from -= kVector;
+        to -= kVector;
+        Store16(to, Load16(from));
     }
     for (const std::uint8_t* const end = to - split.Head; to != end;) {
         StoreByte(--to, LoadByte(--from));
     }
 }
 
-// Addresses with different places in their words: through a buffer, chunk by chunk, in the order
+// Addresses with different places in their vectors: through a buffer, chunk by chunk, in the order
 // that overlapping ranges need.
 void MoveInChunks(std::int64_t source, std::int64_t destination, std::int64_t count) {
     std::array<std::uint8_t, kChunk> buffer;  // written before it is read
@@ -136,7 +119,87 @@ void MoveInChunks(std::int64_t source, std::int64_t destination, std::int64_t co
     }
 }
 
+// One unit of a row: the most bytes that every row's place and length are a multiple of.
+template <typename Unit>
+struct PlainUnit {
+    static constexpr std::int64_t kBytes = sizeof(Unit);
+    static void Copy(const std::uint8_t* from, std::uint8_t* to) {
+        Unit unit;
+        std::memcpy(&unit, from, sizeof unit);
+        __atomic_store_n(reinterpret_cast<Unit*>(to), unit, __ATOMIC_RELAXED);
+    }
+};
+
+struct VectorUnit {
+    static constexpr std::int64_t kBytes = kVector;
+    static void Copy(const std::uint8_t* from, std::uint8_t* to) {
+        Bytes16 bytes;
+        std::memcpy(&bytes, from, kVector);
+        Store16(to, bytes);
+    }
+};
+
+template <typename Unit>
+void CopyRows(const RowBlock& block, const std::uint8_t* source) {
+    std::uint8_t* row = t_Memory.data() + block.Address;
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += block.Bytes) {
+        for (std::int64_t b = 0; b < block.Bytes; b += Unit::kBytes)
+            Unit::Copy(source + b, row + b);
+    }
+}
+
+bool FitsUnit(const RowBlock& block, std::int64_t unit) {
+    return ((block.Address | block.Stride | block.Bytes) & (unit - 1)) == 0;
+}
+
+// 255 in every period-th byte.
+Bytes16 KeptBytes(std::int64_t period) {
+    Bytes16 kept{};
+    for (std::int64_t i = 0; i < kVector; i += period) kept[i] = 255;
+    return kept;
+}
+
 }  // namespace
+
+bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last) {
+    const std::int64_t end = block.Address + (block.Rows - 1) * block.Stride + block.Bytes;
+    return block.Address >= first && end <= last + 1 &&
+           InMemory(block.Address, end - block.Address);
+}
+
+bool WriteRows(const RowBlock& block, const std::uint8_t* source) {
+    if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    if (FitsUnit(block, kVector)) {
+        CopyRows<VectorUnit>(block, source);
+    } else if (FitsUnit(block, 8)) {
+        CopyRows<PlainUnit<std::uint64_t>>(block, source);
+    } else if (FitsUnit(block, 4)) {
+        CopyRows<PlainUnit<std::uint32_t>>(block, source);
+    } else if (FitsUnit(block, 2)) {
+        CopyRows<PlainUnit<std::uint16_t>>(block, source);
+    } else {
+        CopyRows<PlainUnit<std::uint8_t>>(block, source);
+    }
+    return true;
+}
+
+bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period) {
+    if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    const Bytes16 kept = KeptBytes(period);
+    const bool vectors = FitsUnit(block, kVector);
+    std::uint8_t* row = t_Memory.data() + block.Address;
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += block.Bytes) {
+        for (std::int64_t b = 0; vectors && b < block.Bytes; b += kVector) {
+            Bytes16 bytes;
+            std::memcpy(&bytes, source + b, kVector);
+            Store16(row + b, (Load16(row + b) & kept) | bytes);
+        }
+        for (std::int64_t b = 0; !vectors && b < block.Bytes; ++b) {
+            if (b % period != 0) StoreByte(row + b, source[b]);
+        }
+    }
+    return true;
+}
 
 bool ReadRun(std::int64_t address, std::span<std::uint8_t> run) {
     if (!InMemory(address, std::ssize(run))) return false;
@@ -153,11 +216,11 @@ bool WriteRun(std::int64_t address, std::span<const std::uint8_t> run) {
 bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value) {
     if (!InMemory(address, count)) return false;
     const Split split = SplitAt(address, count);
-    const Word word = value * 0x0101'0101'0101'0101U;
+    const Bytes16 values = Bytes16{} + value;
     std::uint8_t* to = t_Memory.data() + address;
     for (const std::uint8_t* const end = to + split.Head; to != end;) StoreByte(to++, value);
-    for (const std::uint8_t* const end = to + split.Words; to != end; to += kWord) {
-        StoreWord(to, word);
+    for (const std::uint8_t* const end = to + split.Vectors; to != end; to += kVector) {
+        Store16(to, values);
     }
     for (const std::uint8_t* const end = to + split.Tail; to != end;) StoreByte(to++, value);
     return true;
@@ -165,7 +228,7 @@ bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value) {
 
 bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) {
     if (!InMemory(source, count) || !InMemory(destination, count)) return false;
-    if ((source - destination) % kWord != 0) {
+    if ((source - destination) % kVector != 0) {
         MoveInChunks(source, destination, count);
     } else if (source >= destination) {
         MoveUpwards(t_Memory.data() + source, t_Memory.data() + destination,

@@ -5,9 +5,8 @@
 #include <span>
 
 // The machine's memory: one flat byte array that every drawing operation writes and every frame
-// reads, on different threads and without a lock. All access goes through the functions below.
-// Single bytes are relaxed atomics; runs of bytes are relaxed atomic 8-byte words where they are
-// aligned and single bytes at their ends. So a reader may see a run half written (a torn picture),
+// reads, on different threads and without a lock. All access goes through the functions below,
+// which move bytes as shared_bytes.h says: a reader may see a run half written (a torn picture),
 // never anything worse.
 //
 //   0x0000000      0x0010000                 t_HighMemory        0xFFFFFF     0x100000E
@@ -70,5 +69,24 @@ bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value);
 
 /// As t_MoveMemory, without a line.
 bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count);
+
+/// A block of rows in a picture: `Rows` rows of `Bytes` bytes each, the first one at `Address`,
+/// each further one `Stride` bytes after the one before.
+struct RowBlock {
+    std::int64_t Address;
+    std::int64_t Stride;
+    std::int64_t Bytes;
+    std::int64_t Rows;
+};
+
+/// Whether all of the block lies at the addresses first to last.
+[[nodiscard]] bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last);
+
+/// Writes the block from `source`, which holds its rows without gaps.
+bool WriteRows(const RowBlock& block, const std::uint8_t* source);
+
+/// The same, but every `period`-th byte of a row, from its first one on, keeps what it holds.
+/// `period` is 2 or 4 and divides Bytes; `source` holds 0 in the places that keep.
+bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period);
 
 }  // namespace toolkit

@@ -1,7 +1,5 @@
 #include "toolkit/graphics/frame.h"
 
-#include <algorithm>
-#include <array>
 #include <new>
 #include <string>
 #include <string_view>
@@ -21,8 +19,6 @@ namespace {
 
 constexpr std::int64_t kSmallestSide = 1;
 constexpr std::int64_t kLargestSide = 8192;
-constexpr std::int64_t kDeepest = 32;        // bits per pixel
-constexpr std::int64_t kChunkPixels = 1920;  // converted at a time, so that it stays in the cache
 
 // What a frame needs of a record, read once: the record may change while the frame is built.
 struct Snapshot {
@@ -65,22 +61,6 @@ bool Fit(Picture& picture, const Snapshot& s) try {
     return false;
 }
 
-// Rows follow each other without a gap on both sides, so that the picture is one run of pixels. A
-// run is copied out of the shared memory first and converted on the copy.
-void Convert(const Snapshot& s, toolkit::PixelConverter convert, std::uint8_t* pixels) {
-    std::array<std::uint8_t, kChunkPixels * kDeepest / 8 + toolkit::kConverterSlack> source;
-    std::int64_t address = s.Start;
-    for (std::int64_t left = s.Pixels(); left > 0;) {
-        const std::int64_t count = std::min(kChunkPixels, left);
-        const std::int64_t bytes = count * s.BitDepth / 8;
-        toolkit::ReadRun(address, {source.data(), static_cast<std::size_t>(bytes)});
-        convert(source.data(), pixels, count);
-        address += bytes;
-        pixels += count * 4;
-        left -= count;
-    }
-}
-
 }  // namespace
 
 bool t_WindowImage(std::uint8_t window, Picture& picture) {
@@ -99,7 +79,8 @@ bool t_WindowImage(std::uint8_t window, Picture& picture) {
         return false;
     }
     if (!snapshot.InMemory() || !Fit(picture, snapshot)) return false;
-    Convert(snapshot, convert, picture.Bytes.data());
+    // Rows follow each other without a gap on both sides: the picture is one run of pixels.
+    convert(t_Memory.data() + snapshot.Start, picture.Bytes.data(), snapshot.Pixels());
     w.UpdateDuration = toolkit::Microseconds() - started;
     w.UpdateFinished = toolkit::Milliseconds();
     return true;

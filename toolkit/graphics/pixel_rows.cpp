@@ -1,15 +1,16 @@
 #include "toolkit/graphics/pixel_rows.h"
 
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
+#include "toolkit/core/shared_bytes.h"
 #include "toolkit/graphics/palette.h"
 
-// Every depth has one plain loop, right on every machine. On little-endian machines the depths from
-// 8 bits on take 16 bytes at a time through the compilers' vector extensions; 24 and 32 bits need a
-// byte shuffle for that, which x86 has from SSSE3 on.
+// Every depth has one plain loop, right on every machine. The depths from 8 bits on also have one
+// that takes 16 pixels at a time: each four pixels of the result are one shuffle of source bytes,
+// which x86 has from SSSE3 on.
 
 namespace toolkit {
 
@@ -17,8 +18,6 @@ namespace {
 
 using enum platform::PixelOrder;
 using platform::PixelOrder;
-
-constexpr bool kLittleEndian = std::endian::native == std::endian::little;
 
 // A pixel as the four bytes that lie in memory.
 using Pixel = std::array<std::uint8_t, 4>;
@@ -64,7 +63,7 @@ template <const auto& Table>
 void FromTable(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
     constexpr std::size_t kEntry = sizeof(Table[0]);
     for (std::int64_t left = count * 4; left > 0; left -= std::int64_t{kEntry}) {
-        std::memcpy(pixels, &Table[*source++], kEntry);
+        std::memcpy(pixels, &Table[LoadByte(source++)], kEntry);
         pixels += kEntry;
     }
 }
@@ -87,125 +86,60 @@ template <typename From, PixelOrder Order>
 void Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
     for (; count > 0; --count, source += From::kBytes, pixels += 4) {
         const Pixel pixel =
-            PixelOf<Order>(source[From::kRed], source[From::kGreen], source[From::kBlue]);
+            PixelOf<Order>(LoadByte(source + From::kRed), LoadByte(source + From::kGreen),
+                           LoadByte(source + From::kBlue));
         std::memcpy(pixels, pixel.data(), pixel.size());
     }
-}
-
-// 16 bytes as a vector.
-using Bytes16 [[gnu::vector_size(16)]] = std::uint8_t;
-using Halves8 [[gnu::vector_size(16)]] = std::uint16_t;
-
-Bytes16 Load(const std::uint8_t* at) {
-    Bytes16 bytes;
-    std::memcpy(&bytes, at, sizeof bytes);
-    return bytes;
-}
-
-template <typename Vector>
-void Store(std::uint8_t* at, Vector vector) {
-    std::memcpy(at, &vector, sizeof vector);
-}
-
-// a0 b0 a1 b1 ... of the lower and of the upper half.
-Bytes16 InterleaveLow(Bytes16 a, Bytes16 b) {
-    return __builtin_shufflevector(a, b, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
-}
-Bytes16 InterleaveHigh(Bytes16 a, Bytes16 b) {
-    return __builtin_shufflevector(a, b, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15,
-                                   31);
-}
-Halves8 InterleaveLow(Halves8 a, Halves8 b) {
-    return __builtin_shufflevector(a, b, 0, 8, 1, 9, 2, 10, 3, 11);
-}
-Halves8 InterleaveHigh(Halves8 a, Halves8 b) {
-    return __builtin_shufflevector(a, b, 4, 12, 5, 13, 6, 14, 7, 15);
-}
-
-// Eight pixels from their first and their second two bytes.
-void StorePixels(std::uint8_t* pixels, Halves8 first, Halves8 second) {
-    Store(pixels, InterleaveLow(first, second));
-    Store(pixels + 16, InterleaveHigh(first, second));
-}
-
-template <PixelOrder Order>
-void Vector8(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    const Bytes16 opaque = Bytes16{} + 255;
-    for (; count >= 16; count -= 16, source += 16, pixels += 64) {
-        const Bytes16 grey = Load(source);
-        const auto low = std::bit_cast<Halves8>(InterleaveLow(grey, grey));
-        const auto high = std::bit_cast<Halves8>(InterleaveHigh(grey, grey));
-        if constexpr (Order == AlphaRedGreenBlue) {
-            StorePixels(pixels, std::bit_cast<Halves8>(InterleaveLow(opaque, grey)), low);
-            StorePixels(pixels + 32, std::bit_cast<Halves8>(InterleaveHigh(opaque, grey)), high);
-        } else {
-            StorePixels(pixels, low, std::bit_cast<Halves8>(InterleaveLow(grey, opaque)));
-            StorePixels(pixels + 32, high, std::bit_cast<Halves8>(InterleaveHigh(grey, opaque)));
-        }
-    }
-    Plain<Layout8, Order>(source, pixels, count);
-}
-
-template <PixelOrder Order>
-void Vector16(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    for (; count >= 8; count -= 8, source += 16, pixels += 32) {
-        const auto pairs = std::bit_cast<Halves8>(Load(source));
-        const Halves8 grey = pairs >> 8;
-        const Halves8 both = grey | (pairs & 0xFF00);
-        if constexpr (Order == AlphaRedGreenBlue) {
-            StorePixels(pixels, pairs | 0x00FF, both);
-        } else {
-            StorePixels(pixels, both, grey | 0xFF00);
-        }
-    }
-    Plain<Layout16, Order>(source, pixels, count);
 }
 
 #if defined(__x86_64__)
 #define KORVANDI_SHUFFLES __attribute__((target("ssse3")))
 
-// Sixteen pixels at a time; four source pixels become one vector of four, alpha from the second
-// operand.
-template <PixelOrder Order>
-KORVANDI_SHUFFLES void Shuffled24(const std::uint8_t* source, std::uint8_t* pixels,
-                                  std::int64_t count) {
-    const Bytes16 opaque = Bytes16{} + 255;
-    for (; count >= 16; count -= 16, source += 48, pixels += 64) {
-        for (int i = 0; i < 4; ++i) {
-            Bytes16 four;
-            std::memcpy(&four, source + 12 * i, sizeof four);
-            Bytes16 out;
-            if constexpr (Order == AlphaRedGreenBlue) {
-                out = __builtin_shufflevector(four, opaque, 16, 0, 1, 2, 16, 3, 4, 5, 16, 6, 7, 8,
-                                              16, 9, 10, 11);
-            } else {
-                out = __builtin_shufflevector(four, opaque, 2, 1, 0, 16, 5, 4, 3, 16, 8, 7, 6, 16,
-                                              11, 10, 9, 16);
-            }
-            std::memcpy(pixels + 16 * i, &out, sizeof out);
-        }
-    }
-    Plain<Layout24, Order>(source, pixels, count);
+constexpr int kOpaque = 16;  // in a shuffle: the first byte of the second operand, which is 255
+
+// Where byte `i` of four finished pixels comes from when the source pixels begin at byte `start`.
+template <typename From, PixelOrder Order>
+consteval int SourceOf(std::size_t i, int start) {
+    const int components[] = {From::kRed, From::kGreen, From::kBlue};
+    const int pixel = start + static_cast<int>(i / 4) * From::kBytes;
+    const int place =
+        Order == AlphaRedGreenBlue ? static_cast<int>(i % 4) - 1 : 2 - static_cast<int>(i % 4);
+    return place < 0 ? kOpaque : pixel + components[place];
 }
 
-template <PixelOrder Order>
-KORVANDI_SHUFFLES void Shuffled32(const std::uint8_t* source, std::uint8_t* pixels,
-                                  std::int64_t count) {
+// Pixels 4 * Quarter and on of the sixteen in `vectors`.
+template <typename From, PixelOrder Order, int Quarter, std::size_t... I>
+KORVANDI_SHUFFLES inline Bytes16 FourPixels(const Bytes16* vectors, std::index_sequence<I...>) {
+    constexpr int kStart = Quarter * 4 * From::kBytes;
+    constexpr int kFirst = kStart / 16;
+    constexpr int kShift = kStart % 16;
     const Bytes16 opaque = Bytes16{} + 255;
-    for (; count >= 4; count -= 4, source += 16, pixels += 16) {
-        Bytes16 four;
-        std::memcpy(&four, source, sizeof four);
-        Bytes16 out;
-        if constexpr (Order == AlphaRedGreenBlue) {
-            out = __builtin_shufflevector(four, opaque, 16, 1, 2, 3, 16, 5, 6, 7, 16, 9, 10, 11, 16,
-                                          13, 14, 15);
-        } else {
-            out = __builtin_shufflevector(four, opaque, 3, 2, 1, 16, 7, 6, 5, 16, 11, 10, 9, 16, 15,
-                                          14, 13, 16);
-        }
-        std::memcpy(pixels, &out, sizeof out);
+    if constexpr (kShift + 4 * From::kBytes <= 16) {
+        return __builtin_shufflevector(vectors[kFirst], opaque,
+                                       SourceOf<From, Order>(I, kShift)...);
+    } else {
+        const Bytes16 window = __builtin_shufflevector(vectors[kFirst], vectors[kFirst + 1],
+                                                       (kShift + static_cast<int>(I))...);
+        return __builtin_shufflevector(window, opaque, SourceOf<From, Order>(I, 0)...);
     }
-    Plain<Layout32, Order>(source, pixels, count);
+}
+
+template <typename From, PixelOrder Order>
+KORVANDI_SHUFFLES void Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
+                                std::int64_t count) {
+    if (reinterpret_cast<std::uintptr_t>(source) % 16 != 0) {
+        return Plain<From, Order>(source, pixels, count);
+    }
+    constexpr auto kAll = std::make_index_sequence<16>();
+    for (; count >= 16; count -= 16, source += 16 * From::kBytes, pixels += 64) {
+        Bytes16 vectors[From::kBytes];
+        for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + 16 * i);
+        const Bytes16 finished[] = {
+            FourPixels<From, Order, 0>(vectors, kAll), FourPixels<From, Order, 1>(vectors, kAll),
+            FourPixels<From, Order, 2>(vectors, kAll), FourPixels<From, Order, 3>(vectors, kAll)};
+        std::memcpy(pixels, finished, sizeof finished);
+    }
+    Plain<From, Order>(source, pixels, count);
 }
 
 #undef KORVANDI_SHUFFLES
@@ -216,42 +150,39 @@ bool HasShuffles() {
 }
 #endif
 
+template <typename From, PixelOrder Order>
+PixelConverter Fastest() {
+#if defined(__x86_64__)
+    if (HasShuffles()) return Shuffled<From, Order>;
+#endif
+    return Plain<From, Order>;
+}
+
 template <PixelOrder Order>
-PixelConverter PlainConverter(std::int64_t bitDepth) {
+PixelConverter Converter(std::int64_t bitDepth) {
     switch (bitDepth) {
         case 1:
             return FromTable<kPixelsOf1Bit<Order>>;
         case 4:
             return FromTable<kPixelsOf4Bits<Order>>;
         case 8:
-            return Plain<Layout8, Order>;
+            return Fastest<Layout8, Order>();
         case 16:
-            return Plain<Layout16, Order>;
+            return Fastest<Layout16, Order>();
         case 24:
-            return Plain<Layout24, Order>;
+            return Fastest<Layout24, Order>();
         case 32:
-            return Plain<Layout32, Order>;
+            return Fastest<Layout32, Order>();
         default:
             return nullptr;
     }
 }
 
-template <PixelOrder Order>
-PixelConverter FastConverter(std::int64_t bitDepth) {
-    if (kLittleEndian && bitDepth == 8) return Vector8<Order>;
-    if (kLittleEndian && bitDepth == 16) return Vector16<Order>;
-#if defined(__x86_64__)
-    if (bitDepth == 24 && HasShuffles()) return Shuffled24<Order>;
-    if (bitDepth == 32 && HasShuffles()) return Shuffled32<Order>;
-#endif
-    return PlainConverter<Order>(bitDepth);
-}
-
 }  // namespace
 
 PixelConverter ConverterFor(std::int64_t bitDepth, PixelOrder order) {
-    return order == AlphaRedGreenBlue ? FastConverter<AlphaRedGreenBlue>(bitDepth)
-                                      : FastConverter<BlueGreenRedAlpha>(bitDepth);
+    return order == AlphaRedGreenBlue ? Converter<AlphaRedGreenBlue>(bitDepth)
+                                      : Converter<BlueGreenRedAlpha>(bitDepth);
 }
 
 }  // namespace toolkit

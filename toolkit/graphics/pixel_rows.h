@@ -6,11 +6,9 @@
 
 namespace toolkit {
 
-/// Bytes that a converter may read beyond the last source byte; their values do not matter.
-inline constexpr std::int64_t kConverterSlack = 16;
-
-/// Turns `count` pixels at `source` into 4-byte pixels at `pixels`. `count` is a multiple of 8 at 1
-/// bit and of 2 at 4 bits.
+/// Turns `count` pixels at `source`, bytes that other threads may be writing, into 4-byte pixels at
+/// `pixels`. `count` is a multiple of 8 at 1 bit and of 2 at 4 bits. Fastest where `source` is a
+/// multiple of 16.
 using PixelConverter = void (*)(const std::uint8_t* source, std::uint8_t* pixels,
                                 std::int64_t count);
 

@@ -1,16 +1,17 @@
 #include "toolkit/text/glyph.h"
 
 #include <algorithm>
-#include <array>
+#include <atomic>
 #include <cstddef>
-#include <cstring>
 #include <span>
+#include <vector>
 
 #include "toolkit/core/memory.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/utf8.h"
 #include "toolkit/text/blend.h"
+#include "toolkit/text/finished_glyphs.h"
 #include "toolkit/text/grid_span.h"
 #include "toolkit/window/window.h"
 
@@ -21,125 +22,113 @@ namespace {
 
 constexpr std::int64_t kGreyFormat = 2;
 constexpr std::int64_t kOtherFormats[] = {0, 100, 102};
-constexpr std::int64_t kWidestGlyph = 8192;  // no picture is wider
-constexpr std::size_t kRowBytes = kWidestGlyph * 4 + 8;
+constexpr std::int64_t kLargestSide = 8192;    // of a picture, and so of a glyph
+constexpr std::int64_t kLargestKept = 16'384;  // pixels of a glyph that is kept finished
 
-// One row of a glyph on its way into the picture: `Count` pixels from pixel `First` of the run of
-// picture bytes that `Run` is a copy of.
-struct Row {
-    const std::uint8_t* Grey;
-    std::int64_t Count;
-    std::int64_t First;  // within the first byte of the run; 0 from 8 bits on
-    std::uint8_t* Run;
+// Where a glyph lies in the window's picture, in bits of its rows.
+struct Place {
+    std::int64_t FirstBit;
+    std::int64_t Bits;
+    std::int64_t RowBytes;  // of the picture
+    std::int64_t Address;   // of the first row
+    std::int64_t Rows;
+
+    Place(const t_Window& w, std::int64_t column, std::int64_t line)
+        : FirstBit((column - 1) * w.Font.Width * w.BitDepth),
+          Bits(w.Font.Width * w.BitDepth),
+          RowBytes(w.Width * w.BitDepth / 8),
+          Address(w.MemoryStart + (line - 1) * w.Font.Height * RowBytes + FirstBit / 8),
+          Rows(w.Font.Height) {}
+
+    [[nodiscard]] bool IsWholeBytes() const { return FirstBit % 8 == 0 && Bits % 8 == 0; }
+    [[nodiscard]] toolkit::RowBlock Block() const {
+        return {Address, RowBytes, (FirstBit % 8 + Bits + 7) / 8, Rows};
+    }
 };
 
-struct Tables {
-    const toolkit::Blend* Colors;
-    const std::array<std::uint8_t, 256>* Nearest;  // at 4 bits
-};
-
-using PutRow = void (*)(const Row& row, const Tables& tables);
-
-void Put1(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) {
-        const std::int64_t x = row.First + j;
-        std::uint8_t& byte = row.Run[x / 8];
-        const auto bit = static_cast<unsigned>(7 - x % 8);
-        byte = static_cast<std::uint8_t>((byte & ~(1U << bit)) |
-                                         unsigned{tables.Colors->Ink[row.Grey[j]]} << bit);
-    }
+bool HasKnownDepth(std::int64_t depth) {
+    constexpr std::int64_t kDepths[] = {1, 4, 8, 16, 24, 32};
+    return std::ranges::find(kDepths, depth) != std::end(kDepths);
 }
 
-void Put4(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) {
-        const std::int64_t x = row.First + j;
-        std::uint8_t& byte = row.Run[x / 2];
-        const unsigned number = (*tables.Nearest)[row.Grey[j]];
-        byte = static_cast<std::uint8_t>(x % 2 == 0 ? (byte & 0x0FU) | number << 4U
-                                                    : (byte & 0xF0U) | number);
-    }
+// A picture and a font that drawing can count with, whatever a program wrote into the record.
+bool CanDraw(const t_Window& w) {
+    const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLargestSide; };
+    return isSide(w.Font.Width) && isSide(w.Font.Height) && isSide(w.Width) && isSide(w.Height) &&
+           w.MemoryStart >= 0 && HasKnownDepth(w.BitDepth);
 }
-
-void Put8(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) row.Run[j] = tables.Colors->Grey[row.Grey[j]];
-}
-
-void Put16(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) {
-        row.Run[2 * j + 1] = tables.Colors->Grey[row.Grey[j]];
-    }
-}
-
-// Writes four bytes for every three; the next pixel, or the slack of the buffer, takes the fourth.
-void Put24(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) {
-        std::memcpy(row.Run + 3 * j, tables.Colors->Mixed[row.Grey[j]].data(), 4);
-    }
-}
-
-void Put32(const Row& row, const Tables& tables) {
-    for (std::int64_t j = 0; j < row.Count; ++j) {
-        std::memcpy(row.Run + 4 * j + 1, tables.Colors->Mixed[row.Grey[j]].data(), 3);
-    }
-}
-
-// How the rows of a bit depth are put. Where a row does not write all of its bytes, the others keep
-// what the picture holds.
-struct DepthRow {
-    std::int64_t BitDepth;
-    bool KeepsBytes;
-    PutRow Put;
-};
-
-constexpr DepthRow kDepths[] = {
-    {1, true, Put1},     //
-    {4, true, Put4},     //
-    {8, false, Put8},    //
-    {16, true, Put16},   //
-    {24, false, Put24},  //
-    {32, true, Put32},   //
-};
 
 // The grey values of a glyph, or blanks where the font's data does not hold all of it.
 std::span<const std::uint8_t> GlyphData(const t_Font& font, std::uint8_t symbol) {
     const std::int64_t size = font.Width * font.Height;
     const std::int64_t start = symbol * size;
-    if (start + size > std::ssize(font.Data)) return {};
-    return std::span(font.Data).subspan(static_cast<std::size_t>(start),
-                                        static_cast<std::size_t>(size));
+    if (start + size <= std::ssize(font.Data)) {
+        return std::span(font.Data).subspan(static_cast<std::size_t>(start),
+                                            static_cast<std::size_t>(size));
+    }
+    thread_local std::vector<std::uint8_t> blank;
+    blank.assign(static_cast<std::size_t>(size), 0);
+    return blank;
+}
+
+// At 16 and 32 bits the first byte of a pixel keeps what it holds.
+void PutRows(const toolkit::RowBlock& block, std::int64_t depth, const std::uint8_t* finished) {
+    if (depth == 16 || depth == 32) {
+        toolkit::MergeRows(block, finished, depth / 8);
+    } else {
+        toolkit::WriteRows(block, finished);
+    }
+}
+
+// The store serves one thread at a time; who finds it busy does without.
+void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
+                   std::span<const std::uint8_t> grey) {
+    static toolkit::GlyphStore& store = *new toolkit::GlyphStore;
+    static std::atomic_flag busy;
+    if (std::ssize(grey) <= kLargestKept && !busy.test_and_set(std::memory_order_acquire)) {
+        PutRows(block, key.BitDepth, store.Find(key, grey));
+        busy.clear(std::memory_order_release);
+        return;
+    }
+    std::vector<std::uint8_t> finished;
+    toolkit::FinishGlyph(key, grey, finished);
+    PutRows(block, key.BitDepth, finished.data());
+}
+
+// A glyph whose rows begin or end inside a byte: the other pixels of that byte keep their colours.
+void PutPartBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
+                  std::span<const std::uint8_t> grey, std::int64_t firstBit) {
+    const unsigned perByte = 8U / key.BitDepth;
+    const unsigned pixelMask = (1U << key.BitDepth) - 1;
+    const auto& values =
+        key.BitDepth == 1 ? toolkit::BlendOf(key.Pair).Ink : toolkit::NearestColorsOf(key.Pair);
+    const std::size_t width = grey.size() / static_cast<std::size_t>(block.Rows);
+    for (std::int64_t r = 0; r < block.Rows; ++r) {
+        const auto row = grey.subspan(static_cast<std::size_t>(r) * width, width);
+        for (std::size_t j = 0; j < width; ++j) {
+            const std::size_t x = static_cast<std::size_t>(firstBit) / key.BitDepth + j;
+            const std::int64_t address =
+                block.Address + r * block.Stride + static_cast<std::int64_t>(x / perByte);
+            const auto shift = static_cast<unsigned>(perByte - 1 - x % perByte) * key.BitDepth;
+            const unsigned others = toolkit::Peek(address) & ~(pixelMask << shift);
+            toolkit::Poke(address, static_cast<std::uint8_t>(
+                                       others | static_cast<unsigned>(values[row[j]]) << shift));
+        }
+    }
 }
 
 void DrawGlyph(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
                std::int64_t line) {
-    const t_Font& font = w.Font;
-    const std::int64_t depth = w.BitDepth;
-    const auto* const put = std::ranges::find(kDepths, depth, &DepthRow::BitDepth);
-    if (put == std::end(kDepths) || font.Width < 1 || font.Width > kWidestGlyph) return;
-    if (font.Height < 1 || font.Height > kWidestGlyph) return;
-    if (w.Width > kWidestGlyph || w.Height > kWidestGlyph) return;
-
-    const std::span<const std::uint8_t> data = GlyphData(font, symbol);
-    static constexpr std::array<std::uint8_t, kWidestGlyph> kNoInk{};
-    const Tables tables{&toolkit::BlendOf(pair),
-                        depth == 4 ? &toolkit::NearestColorsOf(pair) : nullptr};
-    std::array<std::uint8_t, kRowBytes> run;
-
-    const std::int64_t firstBit = (column - 1) * font.Width * depth;
-    const std::int64_t endBit = firstBit + font.Width * depth;
-    const std::int64_t bytes = (endBit + 7) / 8 - firstBit / 8;
-    const std::int64_t rowBytes = w.Width * depth / 8;
-    const std::int64_t start = w.MemoryStart;
-    const std::int64_t end = w.MemoryEnd + 1;
-    for (std::int64_t r = 0; r < font.Height; ++r) {
-        const std::int64_t y = (line - 1) * font.Height + r;
-        const std::int64_t address = start + y * rowBytes + firstBit / 8;
-        if (start < 0 || address + bytes > end) return;
-        const std::span<std::uint8_t> copy(run.data(), static_cast<std::size_t>(bytes));
-        if (put->KeepsBytes && !toolkit::ReadRun(address, copy)) return;
-        const std::uint8_t* const grey =
-            data.empty() ? kNoInk.data() : data.data() + r * font.Width;
-        put->Put({grey, font.Width, firstBit % 8 / depth, run.data()}, tables);
-        toolkit::WriteRun(address, copy);
+    if (!CanDraw(w)) return;
+    const Place place(w, column, line);
+    const toolkit::RowBlock block = place.Block();
+    if (!toolkit::LiesWithin(block, w.MemoryStart, w.MemoryEnd)) return;
+    const toolkit::GlyphKey key{symbol, pair, static_cast<std::uint8_t>(std::int64_t(w.BitDepth))};
+    const std::span<const std::uint8_t> grey = GlyphData(w.Font, symbol);
+    if (place.IsWholeBytes()) {
+        PutWholeBytes(block, key, grey);
+    } else {
+        PutPartBytes(block, key, grey, place.FirstBit % 8);
     }
 }
 

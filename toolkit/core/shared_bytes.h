@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+// How bytes that several threads use at once are read and written: through relaxed atomics of one
+// byte or one aligned 8-byte word, so that a reader may see a run half written, never anything
+// worse.
+//
+// On x86-64 runs also move 16 bytes at a time. C++ has no atomic of that size that would be as fast
+// as the memory; the processor has: an aligned 16-byte move is done as one, or as two 8-byte moves
+// that are one each. The instruction is written out, so that the compiler neither splits nor
+// doubles it. Builds that look for data races use words throughout.
+
+#if defined(__SANITIZE_THREAD__)
+#define KORVANDI_WORDS_ONLY
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define KORVANDI_WORDS_ONLY
+#endif
+#endif
+
+namespace toolkit {
+
+using Word = std::uint64_t;
+inline constexpr std::int64_t kWord = sizeof(Word);
+
+using Bytes16 [[gnu::vector_size(16)]] = std::uint8_t;
+
+inline std::uint8_t LoadByte(const std::uint8_t* at) {
+    return __atomic_load_n(at, __ATOMIC_RELAXED);
+}
+
+inline void StoreByte(std::uint8_t* at, std::uint8_t byte) {
+    __atomic_store_n(at, byte, __ATOMIC_RELAXED);
+}
+
+/// `at` is a multiple of 8. The builtins, unlike std::atomic_ref, take a word where bytes were
+/// made.
+inline Word LoadWord(const std::uint8_t* at) {
+    return __atomic_load_n(reinterpret_cast<const Word*>(at), __ATOMIC_RELAXED);
+}
+
+inline void StoreWord(std::uint8_t* at, Word value) {
+    __atomic_store_n(reinterpret_cast<Word*>(at), value, __ATOMIC_RELAXED);
+}
+
+#if defined(__x86_64__) && !defined(KORVANDI_WORDS_ONLY)
+
+/// `at` is a multiple of 16.
+inline Bytes16 Load16(const std::uint8_t* at) {
+    Bytes16 bytes;
+    asm volatile("movdqa (%1), %0" : "=x"(bytes) : "r"(at));
+    return bytes;
+}
+
+inline void Store16(std::uint8_t* at, Bytes16 bytes) {
+    asm volatile("movdqa %0, (%1)" : : "x"(bytes), "r"(at) : "memory");
+}
+
+#else
+
+inline Bytes16 Load16(const std::uint8_t* at) {
+    const Word words[2] = {LoadWord(at), LoadWord(at + kWord)};
+    Bytes16 bytes;
+    std::memcpy(&bytes, words, sizeof bytes);
+    return bytes;
+}
+
+inline void Store16(std::uint8_t* at, Bytes16 bytes) {
+    Word words[2];
+    std::memcpy(words, &bytes, sizeof bytes);
+    StoreWord(at, words[0]);
+    StoreWord(at + kWord, words[1]);
+}
+
+#endif
+
+}  // namespace toolkit

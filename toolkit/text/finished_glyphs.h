@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+// Glyphs as the bytes that they are in a picture: blended into a pair of colours at a bit depth,
+// rows one after the other. Only for glyphs whose rows are whole bytes. Any thread.
+
+namespace toolkit {
+
+struct GlyphKey {
+    std::uint8_t Symbol;
+    std::uint8_t Pair;      // foreground in the high four bits, background in the low four
+    std::uint8_t BitDepth;  // 1, 4, 8, 16, 24 or 32
+
+    bool operator==(const GlyphKey&) const = default;
+};
+
+/// Blends the grey values of a glyph. Bytes that drawing leaves as they are (the first of each
+/// pixel at 16 and 32 bits) are 0. `finished` is made to hold the bytes, and up to 8 more.
+void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
+                 std::vector<std::uint8_t>& finished);
+
+/// A few thousand finished glyphs, kept from one drawing to the next. What is kept is found by key
+/// and by the grey values themselves, so that any change of a font is seen; all of it together
+/// takes at most kMostBytes.
+class GlyphStore {
+  public:
+    static constexpr std::size_t kMostBytes = std::size_t{4} << 20U;
+
+    /// The finished glyph; valid until the next call.
+    const std::uint8_t* Find(const GlyphKey& key, std::span<const std::uint8_t> grey);
+
+    /// Bytes kept now.
+    [[nodiscard]] std::size_t Bytes() const { return bytes_; }
+
+  private:
+    struct Slot {
+        GlyphKey Key{};
+        std::vector<std::uint8_t> Grey;
+        std::vector<std::uint8_t> Finished;
+    };
+
+    static constexpr std::size_t kSlots = 2048;
+
+    std::vector<Slot> slots_ = std::vector<Slot>(kSlots);
+    std::size_t bytes_ = 0;
+};
+
+}  // namespace toolkit

@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Checks that every include line points the way the folders may: down, never up, and that Qt and the
+# sound libraries stay in the desktop platform. Prints each line that does not; exits 1 if there is
+# one.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+# folder | what its files may include of ours, as an extended regular expression
+rules='
+platform          | ^platform/[a-z_]+\.h$
+platform/headless | ^platform/([a-z_]+\.h|headless/.*)$
+platform/desktop  | ^platform/([a-z_]+\.h|desktop/.*)$
+toolkit           | ^(toolkit|platform)/([a-z]+/)?[a-z_0-9]+\.h$
+game              | ^(game/.*|toolkit/toolkit\.h)$
+app               | .
+'
+
+failed=0
+complain() {
+    echo "$1"
+    failed=1
+}
+
+while IFS='|' read -r folder allowed; do
+    folder=${folder// /}
+    allowed=${allowed# }
+    [ -n "$folder" ] || continue
+    depth=()
+    [ "$folder" = platform ] && depth=(-maxdepth 1)
+    while IFS= read -r file; do
+        while IFS= read -r name; do
+            [[ $name =~ $allowed ]] || complain "$file: may not include \"$name\""
+        done < <(sed -n 's/^#include "\(.*\)"$/\1/p' "$file")
+    done < <(find "$folder" "${depth[@]}" -name '*.h' -o "${depth[@]}" -name '*.cpp')
+done <<< "$rules"
+
+# The toolkit knows the seam, not what implements it.
+while IFS= read -r line; do
+    complain "$line: the toolkit may not know an implementation of the platform"
+done < <(grep -rnE '^#include "platform/(desktop|headless)/' toolkit game || true)
+
+# Foreign headers: the standard library has no capital letter, no slash and no ending.
+while IFS= read -r line; do
+    complain "$line: only platform/desktop and tools may use this header"
+done < <(grep -rnE '^#include <(Q[A-Z]|AL/|sndfile|xcb|X11|ft2|png)' app game platform toolkit |
+    grep -v '^platform/desktop/' || true)
+while IFS= read -r line; do
+    complain "$line: the toolkit and the game use the standard library alone"
+done < <(grep -rnE '^#include <[^>]*[./A-Z]' toolkit game || true)
+
+while IFS= read -r file; do
+    [ "$(grep -vc '^#include "\|^#pragma once$\|^$' "$file")" = 0 ] ||
+        complain "$file: holds more than include lines"
+done < <(echo toolkit/toolkit.h)
+
+exit "$failed"
