@@ -20,7 +20,8 @@ class Feed : public std::enable_shared_from_this<Feed> {
         const std::lock_guard lock(mutex_);
         waiting_ += text;
         lines_ += std::ranges::count(text, '\n');
-        if (lines_ > 2 * kConsoleLines || waiting_.size() > kMostBytes) DropOldest();
+        if (lines_ > std::ptrdiff_t{2} * kConsoleLines || waiting_.size() > kMostBytes)
+            DropOldest();
         if (std::exchange(posted_, true)) return;
         platform::PostToMain([self = shared_from_this()] { self->HandOver(); });
     }

@@ -100,7 +100,7 @@ void AddQuit(platform::Menu& menu) {
 
 void AddGraphicWindows(platform::Menu& menu) {
     for (int n = 0; n < kGraphicWindows; ++n) {
-        const std::int64_t tag = kFirstGraphicTag + 2 * n;
+        const std::int64_t tag = kFirstGraphicTag + std::int64_t{2} * n;
         AddItem(menu, toolkit::Joined("Grafikfenster ", n, " zeigen"), tag, toolkit::Joined(n));
         AddItem(menu, toolkit::Joined("Grafikfenster ", n, " ausblenden"), tag + 1, "");
     }

@@ -5,6 +5,7 @@
 #include "toolkit/core/memory.h"
 #include "toolkit/core/number_format.h"
 #include "toolkit/core/outlets.h"
+#include "toolkit/core/output.h"
 #include "toolkit/core/random.h"
 #include "toolkit/core/runtime.h"
 #include "toolkit/core/sounds.h"

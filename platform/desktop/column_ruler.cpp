@@ -1,5 +1,6 @@
 #include "platform/desktop/column_ruler.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
@@ -29,6 +30,12 @@ ColumnRuler::ColumnRuler(QWidget& parent, QPlainTextEdit& editor)
     : QWidget(&parent), editor_(editor) {
     QObject::connect(editor.horizontalScrollBar(), &QScrollBar::valueChanged, this,
                      [this] { update(); });
+    editor.installEventFilter(this);
+}
+
+bool ColumnRuler::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FontChange) update();
+    return QWidget::eventFilter(watched, event);
 }
 
 void ColumnRuler::paintEvent(QPaintEvent* /*event*/) {

@@ -12,6 +12,8 @@ class ColumnRuler : public QWidget {
   public:
     ColumnRuler(QWidget& parent, QPlainTextEdit& editor);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   protected:
     void paintEvent(QPaintEvent* event) override;
 

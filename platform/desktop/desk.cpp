@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/desktop/host_window.h"
-#include "platform/main_queue.h"
+#include "platform/platform.h"
 
 namespace platform::desktop {
 
@@ -26,7 +26,11 @@ void TellWhenNothingIsVisible() {
     PostToMain([] {
         const Desk& desk = TheDesk();
         if (desk.Client == nullptr || desk.Ending || AnythingVisible()) return;
-        desk.Client->lastWindowDidHide();
+        if (desk.Client->applicationShouldTerminateAfterLastWindowClosed()) {
+            Current().App->Terminate();
+        } else {
+            desk.Client->lastWindowDidHide();
+        }
     });
 }
 

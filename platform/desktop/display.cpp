@@ -107,6 +107,11 @@ bool WindowManagerRuns(xcb_connection_t* connection, const xcb_screen_t& screen)
     return !Numbers(connection, screen.root, Atom(connection, "_NET_SUPPORTING_WM_CHECK")).empty();
 }
 
+bool WindowManagerAnswers(xcb_connection_t* connection, const xcb_screen_t& screen) {
+    return std::ranges::count(Numbers(connection, screen.root, Atom(connection, "_NET_SUPPORTED")),
+                              Atom(connection, "_NET_REQUEST_FRAME_EXTENTS")) > 0;
+}
+
 bool WaylandReachable() {
     const char* const named = std::getenv("WAYLAND_DISPLAY");
     const std::string name = named == nullptr || *named == '\0' ? "wayland-0" : named;
@@ -125,12 +130,28 @@ bool WaylandReachable() {
     return reachable;
 }
 
+// Where the window library looks for its plugins.
+std::vector<std::filesystem::path> PluginFolders() {
+    std::vector<std::filesystem::path> folders{
+        QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString()};
+    const char* const more = std::getenv("QT_PLUGIN_PATH");
+    std::string_view list = more == nullptr ? "" : more;
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(':'), list.size());
+        folders.emplace_back(list.substr(0, end));
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return folders;
+}
+
 bool PluginInstalled(std::string_view name) {
-    const std::filesystem::path folder =
-        QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString() + "/platforms";
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        if (entry.path().filename().string().starts_with("libq" + std::string(name))) return true;
+    for (const std::filesystem::path& folder : PluginFolders()) {
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator(folder / "platforms", error)) {
+            if (entry.path().filename().string().starts_with("libq" + std::string(name))) {
+                return true;
+            }
+        }
     }
     return false;
 }
@@ -152,6 +173,7 @@ std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience) {
     if (connection == nullptr) return std::nullopt;
     const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data;
     if (!WindowManagerRuns(connection.get(), screen)) return 0;
+    if (!WindowManagerAnswers(connection.get(), screen)) return std::nullopt;
 
     const xcb_window_t window = MakeHiddenWindow(connection.get(), screen);
     const xcb_atom_t extents = Atom(connection.get(), "_NET_FRAME_EXTENTS");

@@ -106,6 +106,10 @@ std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(Filters(panel.FileTypes, true));
+    // A name without an extension gets the first of them.
+    if (const QStringList patterns = Patterns(panel.FileTypes); !patterns.isEmpty()) {
+        dialog.setDefaultSuffix(patterns.front().mid(2));
+    }
     dialog.selectFile(ToQt(panel.PresetName));
     SetUp(dialog, panel.Title, panel.Message, panel.Prompt, panel.NameLabel);
     const std::vector<std::string> paths = Run(dialog);

@@ -87,6 +87,8 @@ void HostWindow::Center() {
         (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     QRect frame = FrameRect();
     frame.moveCenter(room.center());
+    // Of a window that is too large its upper left corner can be reached.
+    frame.moveTopLeft({std::max(frame.left(), room.left()), std::max(frame.top(), room.top())});
     centred_ = true;
     Place(frame.adjusted(0, HeightAbove(), 0, 0));
 }
@@ -164,9 +166,9 @@ void HostWindow::closeRequested() {
 }
 
 void HostWindow::geometryChanged() {
-    if (!visible_) return;
-    LookAtTitleBar(false);
-    if (!settle_.isActive()) Settle();
+    if (!visible_ || (placed_ && settle_.isActive())) return;
+    Adopt();
+    settle_.start(kSettleMs);
 }
 
 void HostWindow::activated() {
@@ -225,6 +227,9 @@ void HostWindow::Place(const QRect& content) {
     everPlaced_ = true;
     placed_ = true;
     if (visible_) settle_.start(kSettleMs);
+    if (widget_ != nullptr && (widget_->isMaximized() || widget_->isFullScreen())) {
+        widget_->setWindowState(Qt::WindowNoState);
+    }
     ApplyPlace();
     if (before != content.size()) Resized(before);
 }
@@ -232,28 +237,40 @@ void HostWindow::Place(const QRect& content) {
 void HostWindow::ApplyPlace() {
     if (widget_ == nullptr) return;
     const QRect client = Content().adjusted(0, -widget_->MenuBarHeight(), 0, 0);
-    if (sizing_ == Sizing::Fixed) widget_->setFixedSize(client.size());
+    // Freed for the change, so that place and size change in one step on the screen.
+    if (sizing_ == Sizing::Fixed && client.size() != widget_->size()) {
+        widget_->setMinimumSize(0, 0);
+        widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
     widget_->setGeometry(client);
+    if (sizing_ == Sizing::Fixed) widget_->setFixedSize(client.size());
     widget_->LayOut();
 }
 
-// What the window manager made of the window, or the person.
+// What the window manager made of a request, or the person of the window.
 void HostWindow::Settle() {
-    LookAtTitleBar(true);
-    const QRect seen = widget_->geometry().adjusted(0, widget_->MenuBarHeight(), 0, 0);
-    if (seen == content_) {
-        placed_ = false;
-        return;
-    }
-    if (std::exchange(placed_, false)) {  // ask once more: its frame may have come late
-        ApplyPlace();
+    exposureDue_ = false;
+    LookAtTitleBar();
+    if (placed_ && SeenContent() != content_) {  // ask once more: the frame may have come late
         settle_.start(kSettleMs);
-        return;
+        ApplyPlace();
+    } else {
+        Adopt();
     }
+    placed_ = false;
+}
+
+void HostWindow::Adopt() {
+    const QRect seen = SeenContent();
+    if (seen == content_) return;
     centred_ = false;
     const QSize before = content_.size();
     content_ = PlacesAreReal() ? seen : QRect(content_.topLeft(), seen.size());
     if (before != content_.size()) Resized(before);
+}
+
+QRect HostWindow::SeenContent() const {
+    return widget_->geometry().adjusted(0, widget_->MenuBarHeight(), 0, 0);
 }
 
 void HostWindow::Resized(QSize before) {
@@ -262,14 +279,12 @@ void HostWindow::Resized(QSize before) {
     if (desk.Client != nullptr && !desk.Ending) desk.Client->windowDidResize(*this);
 }
 
-// Right after a window appeared it may have no frame yet, so only what is there counts as seen
-// before the window has settled.
-void HostWindow::LookAtTitleBar(bool settled) {
+// Only of windows in their usual state: a maximised one may have a thinner title bar or none.
+void HostWindow::LookAtTitleBar() {
     const QWindow* const native = widget_->windowHandle();
     if (!titled_ || !visible_ || native == nullptr || !native->isExposed()) return;
     if (native->windowStates() != Qt::WindowNoState) return;
-    const int height = native->frameMargins().top();
-    if (height > 0 || settled) TheDesk().Above.TitleBarSeen(height);
+    TheDesk().Above.TitleBarSeen(native->frameMargins().top());
 }
 
 void HostWindow::ApplyBackground() {

@@ -74,7 +74,9 @@ class HostWindow : public Window, private HostWidgetOwner {
     void ApplyPlace();
     void Resized(QSize before);
     void Settle();
-    void LookAtTitleBar(bool settled);
+    void Adopt();
+    [[nodiscard]] QRect SeenContent() const;
+    void LookAtTitleBar();
     void ApplyBackground();
 
     QString title_;

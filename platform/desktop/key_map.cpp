@@ -170,22 +170,22 @@ struct KeypadRow {
 // What the keypad keys say while Control or Option is held, in either state of Num Lock.
 constexpr KeypadRow kKeypadRows[] = {
     {65, '.'},  // decimal
-    {67, '*'},  //
-    {69, '+'},  //
-    {75, '/'},  //
-    {78, '-'},  //
-    {81, '='},  //
-    {82, '0'},  //
-    {83, '1'},  //
-    {84, '2'},  //
-    {85, '3'},  //
-    {86, '4'},  //
-    {87, '5'},  //
-    {88, '6'},  //
-    {89, '7'},  //
-    {91, '8'},  //
-    {92, '9'},  //
-    {95, ','},  //
+    {67, '*'},  // times
+    {69, '+'},  // plus
+    {75, '/'},  // divided by
+    {78, '-'},  // minus
+    {81, '='},  // equals
+    {82, '0'},  // the digit
+    {83, '1'},  // the digit
+    {84, '2'},  // the digit
+    {85, '3'},  // the digit
+    {86, '4'},  // the digit
+    {87, '5'},  // the digit
+    {88, '6'},  // the digit
+    {89, '7'},  // the digit
+    {91, '8'},  // the digit
+    {92, '9'},  // the digit
+    {95, ','},  // comma of a Japanese keypad
 };
 
 struct ModifierRow {
@@ -201,7 +201,7 @@ constexpr ModifierRow kModifierRows[] = {
     {0xFFE2, kShiftFlag},     // right
     {0xFFE3, kControlFlag},   // left
     {0xFFE4, kControlFlag},   // right
-    {0xFFE5, kCapsLockFlag},  //
+    {0xFFE5, kCapsLockFlag},  // Caps Lock
     {0xFFE6, kCapsLockFlag},  // Shift Lock
     {0xFFE7, kCommandFlag},   // left Meta
     {0xFFE8, kCommandFlag},   // right Meta

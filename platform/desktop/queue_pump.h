@@ -1,29 +1,30 @@
 #pragma once
 
-#include <QtCore/QObject>
+#include <QtCore/QSocketNotifier>
 #include <atomic>
+#include <memory>
 
 namespace platform::desktop {
 
-/// Serves the main queue from the event loop: each wake-up becomes one posted event, each event
-/// runs one piece of work, so that the work and the window events take turns.
-class QueuePump : public QObject {
+/// Serves the main queue from the event loop: one piece of work each time around the loop, so that
+/// the work and the window events take turns. Other threads only write to a descriptor: no object
+/// of the window library passes between threads.
+class QueuePump {
   public:
     /// Opens the main queue for the calling thread.
     void Open();
 
-    /// While held, no work runs; main thread. Release makes up for what was missed.
-    void Hold() { held_ = true; }
-    void Release();
-
-    bool event(QEvent* event) override;
+    /// While held, no work runs; main thread.
+    void Hold() { notifier_->setEnabled(false); }
+    void Release() { notifier_->setEnabled(true); }
 
   private:
     void Wake();
+    void Serve();
 
-    std::atomic<bool> posted_ = false;  // an event is on its way
-    bool held_ = false;
-    bool missed_ = false;
+    int descriptor_ = -1;  // readable while there is work to take
+    std::atomic<bool> woken_ = false;
+    std::unique_ptr<QSocketNotifier> notifier_;
 };
 
 }  // namespace platform::desktop

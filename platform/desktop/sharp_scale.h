@@ -17,33 +17,41 @@ namespace platform::desktop {
 class SharpScaler {
   public:
     /// Writes the picture, scaled to `width` x `height` pixels, row by row into `target`, whose
-    /// rows are `stride` pixels apart. Pixels are 32-bit words of four 8-bit channels in any order.
+    /// rows are `stride` pixels apart. A pixel is four channels of one byte each, in any order.
     /// Does nothing unless all sizes are at least 1 and the picture has all its bytes.
     void Scale(const Picture& picture, std::int64_t width, std::int64_t height,
                std::span<std::uint32_t> target, std::int64_t stride);
 
   private:
-    /// What one target pixel covers of the source: Weights[i] 256ths of source pixel First + i.
-    struct Cover {
-        std::int64_t First = 0;
-        std::vector<std::uint32_t> Weights;  // at least one; together 256
+    /// What the target pixels of one direction cover of the source. Target pixel t covers
+    /// 256ths of the source pixels from First[t] on, Weights[Begin[t]] to Weights[Begin[t + 1] -
+    /// 1].
+    struct Covers {
+        std::int64_t Source = 0;  // pixels
+        std::int64_t Target = 0;  // pixels
+        std::vector<std::int32_t> First;
+        std::vector<std::int32_t> Begin;
+        std::vector<std::uint16_t> Weights;
+
+        void Fit(std::int64_t source, std::int64_t target);
+        [[nodiscard]] std::span<const std::uint16_t> WeightsOf(std::int64_t t) const;
     };
 
-    static std::vector<Cover> Covers(std::int64_t source, std::int64_t target);
-    const std::vector<std::uint32_t>& ScaledRow(const Picture& picture, std::int64_t y);
-
-    std::int64_t sourceWidth_ = 0;
-    std::int64_t sourceHeight_ = 0;
-    std::vector<Cover> columns_;
-    std::vector<Cover> rows_;
-
-    // The two source rows scaled last, already at the target's width.
+    /// A source row at the target's width.
     struct Row {
         std::int64_t Y = -1;
         std::vector<std::uint32_t> Pixels;
     };
-    Row kept_[2];
+
+    const std::uint32_t* ScaledRow(const Picture& picture, std::int64_t y);
+    void MixRows(const Picture& picture, std::int64_t first, std::span<const std::uint16_t> weights,
+                 std::uint32_t* line);
+
+    Covers columns_;
+    Covers rows_;
+    Row kept_[2];  // scaled last
     int oldest_ = 0;
+    std::vector<std::uint16_t> sums_;  // one per channel of a target row
 };
 
 }  // namespace platform::desktop

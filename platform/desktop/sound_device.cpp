@@ -1,5 +1,6 @@
 #include "platform/desktop/sound_device.h"
 
+#include <dlfcn.h>
 #include <sndfile.h>
 
 #include <memory>
@@ -23,6 +24,18 @@ constexpr ALCenum kConnected = 0x313;
 struct CloseFile {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
+
+void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
+                const char* /*format*/, ...) {}
+
+// The sound system beneath complains on the standard error output about every card that is not
+// there, which is no fault here.
+void SilenceSoundSystem() {
+    static void* const system = dlopen("libasound.so.2", RTLD_LAZY | RTLD_LOCAL);
+    if (system == nullptr) return;
+    void* const setter = dlsym(system, "snd_lib_error_set_handler");
+    if (setter != nullptr) reinterpret_cast<int (*)(decltype(&SayNothing))>(setter)(SayNothing);
+}
 
 }  // namespace
 
@@ -78,6 +91,7 @@ bool SoundDevice::Open() {
     if (device_ != nullptr && Lost()) Close();
     if (device_ != nullptr) return true;
     if (steady_clock::now() < nextTry_) return false;
+    SilenceSoundSystem();
     device_ = alcOpenDevice(nullptr);
     if (device_ != nullptr) context_ = alcCreateContext(device_, nullptr);
     if (context_ != nullptr && alcMakeContextCurrent(context_) != ALC_FALSE) return true;

@@ -1,6 +1,7 @@
 #include "platform/desktop/sounds.h"
 
 #include <QtWidgets/QApplication>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <thread>
@@ -43,7 +44,10 @@ void DesktopSound::PlaysFor(std::chrono::nanoseconds duration) {
     end_ = steady_clock::now() + duration;
 }
 
-DesktopSounds::DesktopSounds(std::string directory) : directory_(std::move(directory)) {}
+DesktopSounds::DesktopSounds(std::string directory) : directory_(std::move(directory)) {
+    constexpr int kKeepPersonsChoice = 0;
+    setenv("ALSOFT_LOGLEVEL", "0", kKeepPersonsChoice);  // no messages about missing devices
+}
 
 Sound* DesktopSounds::Named(const std::string& name) {
     const std::lock_guard lock(mutex_);
@@ -69,8 +73,10 @@ void DesktopSounds::Beep() {
 void DesktopSounds::Wake() {
     const std::lock_guard lock(mutex_);
     woken_ = true;
-    if (!std::exchange(serving_, true)) std::thread([this] { Serve(); }).detach();
     asked_.notify_one();
+    // The first sound begins the thread; that takes longer than a caller may be held up.
+    if (std::exchange(serving_, true)) return;
+    PostToMain([this] { std::thread([this] { Serve(); }).detach(); });
 }
 
 // The sound thread. It ends with the process.
@@ -98,7 +104,9 @@ std::vector<DesktopSound*> DesktopSounds::TakeRequests() {
     std::vector<DesktopSound*> requests;
     const std::lock_guard lock(mutex_);
     for (const auto& [name, sound] : sounds_) {
-        if (sound != nullptr && sound->TakeRequest()) requests.push_back(sound.get());
+        if (sound == nullptr || !sound->TakeRequest()) continue;
+        // What was asked for too long ago is not made up for.
+        if (sound->IsPlaying()) requests.push_back(sound.get());
     }
     return requests;
 }

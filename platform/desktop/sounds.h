@@ -42,6 +42,7 @@ class DesktopSound : public Sound {
 
 class DesktopSounds : public Sounds {
   public:
+    /// `directory` holds the sound files. Before other threads run.
     explicit DesktopSounds(std::string directory);
 
     [[nodiscard]] Sound* Named(const std::string& name) override;

@@ -256,7 +256,9 @@ std::uint32_t Headless::Next() {
 void Headless::Write(std::string_view text) {
     const std::lock_guard lock(mutex_);
     if (KeepOutput) printed_ += text;
-    if (EchoOutput) std::fwrite(text.data(), 1, text.size(), stdout);
+    if (!EchoOutput) return;
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    std::fflush(stdout);
 }
 
 std::string Headless::ExecutableFolder() {

@@ -14,7 +14,10 @@ class Shared {
     constexpr Shared(T value = T{}) : value_(value) {}
     Shared(const Shared& other) : value_(T(other)) {}
     ~Shared() = default;
-    Shared& operator=(const Shared& other) { return *this = T(other); }
+    Shared& operator=(const Shared& other) {
+        *this = T(other);
+        return *this;
+    }
     Shared& operator=(T value) {
         value_.store(value, std::memory_order_release);
         return *this;

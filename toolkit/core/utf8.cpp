@@ -11,7 +11,7 @@ namespace {
 struct LeadRow {
     std::uint8_t Mask;
     std::uint8_t Pattern;
-    std::size_t Length;
+    std::uint8_t Length;
     char32_t Smallest;
 };
 

@@ -133,7 +133,7 @@ KORVANDI_SHUFFLES void Shuffled(const std::uint8_t* source, std::uint8_t* pixels
     constexpr auto kAll = std::make_index_sequence<16>();
     for (; count >= 16; count -= 16, source += 16 * From::kBytes, pixels += 64) {
         Bytes16 vectors[From::kBytes];
-        for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + 16 * i);
+        for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
         const Bytes16 finished[] = {
             FourPixels<From, Order, 0>(vectors, kAll), FourPixels<From, Order, 1>(vectors, kAll),
             FourPixels<From, Order, 2>(vectors, kAll), FourPixels<From, Order, 3>(vectors, kAll)};

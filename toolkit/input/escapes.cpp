@@ -33,9 +33,9 @@ std::int64_t HexadecimalValue(Iterator digit, Iterator end) {
 
 std::string t_DecodeEscapes(std::string_view string) {
     std::vector<char32_t> characters = toolkit::Characters(string);
-    Iterator escape = std::ranges::find(characters, kEscape);
+    auto escape = std::ranges::find(characters, kEscape);
     while (escape != characters.end()) {
-        const Iterator end = std::find(escape, characters.end(), kGroupSeparator);
+        const auto end = std::find(escape, characters.end(), kGroupSeparator);
         if (end == characters.end() || end == escape + 1) break;
         const std::int64_t code = HexadecimalValue(escape + 1, end);
         *escape = static_cast<char32_t>(toolkit::IsScalar(code) ? code : 0);

@@ -6,7 +6,6 @@
 namespace {
 
 using platform::Menu;
-using platform::MenuItem;
 
 Menu* ExistingMenu(std::string_view operation, std::string_view title) {
     Menu* const menu = t_FindMenu(title);

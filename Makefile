@@ -1,0 +1,51 @@
+# The ways to build, run and check Korvandi. Everything is built below build/.
+
+JOBS ?= $(shell nproc)
+
+.PHONY: run test bench check asan tsan format tidy resources clean
+
+# Installs what is missing, builds and starts the game.
+run:
+	@tools/setup.sh run
+	@mkdir -p build
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	@cmake --build --preset release -j $(JOBS) --target korvandi
+	@build/release/bin/korvandi
+
+# Installs what is missing, builds and runs all tests.
+test:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+	ctest --preset release -j $(JOBS)
+
+# Measures speed as ratios to the least that any program would have to do.
+bench:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target korvandi_bench
+	build/release/bin/korvandi_bench
+
+# The test run under the address and undefined-behaviour sanitizers, and under the thread sanitizer.
+asan tsan:
+	@tools/setup.sh check
+	cmake --preset $@
+	cmake --build --preset $@ -j $(JOBS)
+	ctest --preset $@ -j $(JOBS)
+
+# Style: formatting, clang-tidy, include directions, headers that compile alone.
+check:
+	@tools/setup.sh check
+	tools/check_style.sh
+
+format:
+	git ls-files '*.h' '*.cpp' | xargs clang-format-14 -i
+
+# Makes the fonts, the sounds and the font chart anew.
+resources:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target resources
+
+clean:
+	rm -rf build

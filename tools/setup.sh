@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for what the arguments name: run, test, check. Says
+# nothing and returns at once when all are there.
+set -euo pipefail
+
+run='cmake ninja-build g++ make pkg-config qt6-base-dev libopenal-dev libsndfile1-dev libxcb1-dev
+     fonts-dejavu-core'
+test="$run libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool xclip x11-xkb-utils x11-utils
+      imagemagick libfreetype-dev libpng-dev procps"
+check="$test clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev git"
+
+missing=()
+for group in "$@"; do
+    for package in ${!group}; do
+        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2> /dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" != 0 ]; then
+    command -v sudo > /dev/null || {
+        echo "Missing packages: ${missing[*]}. Install them as root, or install sudo." >&2
+        exit 1
+    }
+    as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
