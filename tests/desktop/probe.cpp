@@ -1,0 +1,105 @@
+#include <iostream>
+#include <sstream>
+#include <string>
+
+#include "app/run_program.h"
+#include "platform/desktop/desktop.h"
+#include "platform/platform.h"
+#include "toolkit/toolkit.h"
+
+// A windowed program for the desktop tests: does what the lines of its standard input say, on the
+// program thread, and answers each with a line.
+
+namespace {
+
+void Answer(const std::string& text) {
+    toolkit::PrintLine("probe: ", text);
+}
+
+void OpenWindow() {
+    t_InitWindow(0, 24, 20, 10, 16, "MenloRegular 16x32.font");
+    t_WindowCenter(0);
+    t_WindowFront(0);
+    for (std::int64_t color = 0; color < 16; ++color) {
+        t_Color(0, color);
+        t_Print(0, "Äß#\x03 ");
+    }
+}
+
+// The picture as the memory holds it.
+bool SaveFrame(const std::string& path) {
+    t_WindowUpdate(0, false);
+    return platform::AskMain([&] {
+        const auto picture = t_WindowSnapshot(0);
+        return picture && platform::desktop::SavePicture(*picture, path);
+    });
+}
+
+void TellKeys() {
+    Answer("ready for keys");
+    while (t_CurrentEvent.Value != 27) {
+        static_cast<void>(t_WaitKey(0));
+        Answer(toolkit::Joined("key ", t_CurrentEvent.Value, " code ", t_CurrentEvent.Index,
+                               " mods ", t_CurrentEvent.Mods));
+    }
+    t_CurrentEvent = t_Event();
+}
+
+[[noreturn]] void DrawForEver() {
+    while (true) t_Print(0, "Korvandi ");
+}
+
+void Obey(std::istringstream line) {
+    std::string word;
+    std::int64_t a = 0;
+    std::int64_t b = 0;
+    line >> word;
+    if (word == "open") OpenWindow();
+    if (word == "keys") TellKeys();
+    if (word == "quit") t_QuitProgram(0);
+    if (word == "frame") {
+        std::string path;
+        line >> path;
+        return Answer(SaveFrame(path) ? "saved" : "not saved");
+    }
+    if (word == "pos") {
+        line >> a;
+        return Answer(toolkit::Joined("pos ", t_WindowPos(0, a)));
+    }
+    if (word == "scale") {
+        line >> a >> b;
+        t_WindowSize(0, -1, -1, a, b);
+    }
+    if (word == "title") {
+        line >> a;
+        t_WindowTitleVisible(0, a != 0);
+        t_WindowSize(0, -1, -1, -1, -1);
+    }
+    if (word == "front") {
+        line >> a;
+        t_WindowFront(static_cast<std::uint8_t>(a));
+    }
+    if (word == "hide") {
+        line >> a;
+        t_WindowVisible(static_cast<std::uint8_t>(a), false);
+    }
+    Answer("done " + word);
+    if (word == "wait") static_cast<void>(t_WaitKey(0));
+    if (word == "sleep") toolkit::SleepSeconds(600);
+    if (word == "draw") DrawForEver();
+    while (word == "compute") static_cast<void>(toolkit::Milliseconds());
+    if (word == "dialog") static_cast<void>(t_OpenFileDialog("Öffnen", "", ""));
+}
+
+void Probe() {
+    std::string line;
+    while (std::getline(std::cin, line)) Obey(std::istringstream(line));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    platform::desktop::Start(argc, argv, "Probe");
+    RunProgram(Probe);
+    platform::Application::Leave();
+}

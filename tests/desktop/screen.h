@@ -1,0 +1,74 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <QtGui/QImage>
+#include <chrono>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+// A screen of the test's own, a window manager on it, programs on it, and a person's hands.
+
+/// A started program with pipes to its standard input and output. Ended by its id when it is
+/// destroyed.
+class Program {
+  public:
+    Program(const std::vector<std::string>& command, const std::string& display);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    void Say(const std::string& line) const;
+    /// The next line of its output that begins with `beginning`; no value when none came in time.
+    std::optional<std::string> Line(const std::string& beginning,
+                                    std::chrono::seconds limit = std::chrono::seconds(20));
+    void Signal(int number) const;
+    /// Its exit status; no value when it did not end in time or ended by a signal.
+    std::optional<int> Ended(std::chrono::milliseconds limit = std::chrono::seconds(10));
+
+  private:
+    pid_t id_ = -1;
+    int input_ = -1;
+    int output_ = -1;
+    std::string unread_;
+    bool gone_ = false;
+};
+
+/// Xvfb with openbox, the same for all tests of the run.
+class Screen {
+  public:
+    static Screen& Shared();
+
+    [[nodiscard]] const std::string& Display() const { return display_; }
+
+    /// Runs xdotool with these words; its output.
+    [[nodiscard]] std::string Do(const std::string& words) const;
+    /// What the X server knows of a window.
+    [[nodiscard]] std::string Describe(const std::string& window) const;
+    void Keyboard(const std::string& layout) const;
+    void Press(const std::string& key) const;
+    /// What the whole screen shows.
+    [[nodiscard]] QImage Picture() const;
+    /// Waits until a visible window has this title; its id, empty when none came.
+    [[nodiscard]] std::string WindowTitled(const std::string& title) const;
+
+  private:
+    Screen();
+
+    std::string display_;
+    std::optional<Program> server_;
+    std::optional<Program> manager_;
+};
+
+/// Asks again and again until `holds` says yes; false when it did not in time.
+template <typename Condition>
+bool Eventually(const Condition& holds, std::chrono::seconds limit = std::chrono::seconds(20)) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return true;
+}
