@@ -28,6 +28,9 @@ namespace {
 // others. X comes first, also on a Wayland desktop: only there windows can be placed.
 constexpr std::string_view kPlatformOrder = "xcb;wayland";
 
+// The bits of an event that tell its type; the highest one tells who sent it.
+constexpr std::uint8_t kEventType = 0x7F;
+
 struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 };
@@ -68,6 +71,10 @@ std::vector<std::uint32_t> Numbers(xcb_connection_t* connection, xcb_window_t wi
     return {first, first + answer->value_len};
 }
 
+const xcb_screen_t& FirstScreen(xcb_connection_t* connection) {
+    return *xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+}
+
 xcb_window_t MakeHiddenWindow(xcb_connection_t* connection, const xcb_screen_t& screen) {
     const xcb_window_t window = xcb_generate_id(connection);
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -89,18 +96,19 @@ void RequestExtents(xcb_connection_t* connection, const xcb_screen_t& screen, xc
     xcb_flush(connection);
 }
 
-// Waits until something happens to the window; false when the time is over.
-bool WaitForEvent(xcb_connection_t* connection, std::chrono::steady_clock::time_point until) {
+// The next event; nullptr when the time is over.
+Answer<xcb_generic_event_t> NextEvent(xcb_connection_t* connection,
+                                      std::chrono::steady_clock::time_point until) {
     while (xcb_connection_has_error(connection) == 0) {
-        const Answer<xcb_generic_event_t> event(xcb_poll_for_event(connection));
-        if (event != nullptr) return true;
+        Answer<xcb_generic_event_t> event(xcb_poll_for_event(connection));
+        if (event != nullptr) return event;
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
             until - std::chrono::steady_clock::now());
-        if (left.count() <= 0) return false;
+        if (left.count() <= 0) return nullptr;
         pollfd socket{xcb_get_file_descriptor(connection), POLLIN, 0};
         poll(&socket, 1, static_cast<int>(left.count()));
     }
-    return false;
+    return nullptr;
 }
 
 bool WindowManagerRuns(xcb_connection_t* connection, const xcb_screen_t& screen) {
@@ -171,7 +179,7 @@ std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience) {
     const auto until = std::chrono::steady_clock::now() + patience;
     const Connection connection = Connect();
     if (connection == nullptr) return std::nullopt;
-    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data;
+    const xcb_screen_t& screen = FirstScreen(connection.get());
     if (!WindowManagerRuns(connection.get(), screen)) return 0;
     if (!WindowManagerAnswers(connection.get(), screen)) return std::nullopt;
 
@@ -179,11 +187,26 @@ std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience) {
     const xcb_atom_t extents = Atom(connection.get(), "_NET_FRAME_EXTENTS");
     RequestExtents(connection.get(), screen, window);
     constexpr std::size_t kTop = 2;  // left, right, top, bottom
-    while (WaitForEvent(connection.get(), until)) {
+    while (NextEvent(connection.get(), until) != nullptr) {
         const std::vector<std::uint32_t> sides = Numbers(connection.get(), window, extents);
         if (sides.size() > kTop) return static_cast<int>(sides[kTop]);
     }
     return std::nullopt;
+}
+
+bool ClipboardOwnerAnswers(std::chrono::milliseconds patience) {
+    const auto until = std::chrono::steady_clock::now() + patience;
+    const Connection connection = Connect();
+    if (connection == nullptr) return false;
+    const xcb_window_t window = MakeHiddenWindow(connection.get(), FirstScreen(connection.get()));
+    const xcb_atom_t targets = Atom(connection.get(), "TARGETS");
+    xcb_convert_selection(connection.get(), window, Atom(connection.get(), "CLIPBOARD"), targets,
+                          targets, XCB_CURRENT_TIME);
+    xcb_flush(connection.get());
+    while (const Answer<xcb_generic_event_t> event = NextEvent(connection.get(), until)) {
+        if ((event->response_type & kEventType) == XCB_SELECTION_NOTIFY) return true;
+    }
+    return false;
 }
 
 const std::string& ReachablePlatform() {

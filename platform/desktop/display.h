@@ -18,4 +18,8 @@ namespace platform::desktop {
 /// answer within `patience`, or when there is no X display.
 [[nodiscard]] std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience);
 
+/// Whether the program that owns the clipboard of the X display says within `patience` what it
+/// holds there. True without an owner: then the display server says that there is nothing.
+[[nodiscard]] bool ClipboardOwnerAnswers(std::chrono::milliseconds patience);
+
 }  // namespace platform::desktop

@@ -1,13 +1,166 @@
 #include "tests/support/fixture.h"
 
-using LoRes = WindowTest;
+namespace {
 
-TEST_F(LoRes, PlottingColorsOneHalfOfACellAndReadsBack) {
-    t_LoResMode(0, 1);
-    t_LoResOffset(0, 0, 2);
-    t_Color(0, 9);
-    t_Plot(0, 1, 3);
-    EXPECT_EQ(ColorsOfLine(0, 3), "C0 C0 C9 C9 C0 C0 C0 C0 ");
-    EXPECT_EQ(t_Scrn(0, 1, 3), 9);
-    EXPECT_EQ(t_Scrn(0, 1, 2), 12);
+constexpr std::int64_t kColumns = 5;
+constexpr std::int64_t kLines = 4;
+
+class LoRes : public WindowTest {
+  protected:
+    LoRes() { Open(0, 24, kColumns, kLines); }
+
+    t_Window& w = t_Windows[0];
+};
+
+// The colours of all blocks, a line of hexadecimal digits for each line of blocks.
+struct Blocks {
+    std::string Digits = std::string(kColumns * 2 * kLines, '0');
+
+    char* At(std::int64_t x, std::int64_t y) {
+        const bool inside = x >= 0 && y >= 0 && x < kColumns && y < 2 * kLines;
+        return inside ? &Digits[static_cast<std::size_t>(y * kColumns + x)] : nullptr;
+    }
+    std::int64_t Color(std::int64_t x, std::int64_t y) {
+        return At(x, y) == nullptr ? -1 : t_HexValue[static_cast<std::uint8_t>(*At(x, y))];
+    }
+    void Plot(std::int64_t x, std::int64_t y, std::int64_t color) {
+        if (At(x, y) != nullptr) *At(x, y) = t_HexText(color).back();
+    }
+    static std::string Shown() {
+        std::string digits;
+        for (std::int64_t line = 1; line <= kLines; ++line) {
+            const std::string colors = ColorsOfLine(0, line);
+            for (const std::size_t half : {0, 1}) {
+                for (std::size_t at = half; at < colors.size(); at += 3) digits += colors[at];
+            }
+        }
+        return digits;
+    }
+};
+
+}  // namespace
+
+TEST_F(LoRes, PlotsTheBlocksOfEveryPointAndReadsTheFirstBack) {
+    Blocks blocks;
+    w.TextColor = 0;
+    t_ClearWindowMemory(0);
+    std::int64_t color = 0;
+    for (const std::int64_t mode : {0, 1, 2}) {
+        t_LoResMode(0, mode);
+        for (const auto& [ox, oy] : {std::pair{0, 0}, {1, 3}, {-3, -1}, {-1, -2}}) {
+            t_LoResOffset(0, ox, oy);
+            for (int point = 0; point < 9 * 12; ++point) {
+                const std::int64_t x = point % 9 - 1;
+                const std::int64_t y = point / 9 - 1;
+                SCOPED_TRACE(testing::Message() << mode << ox << oy << " " << x << " " << y);
+                t_Color(0, color = (color + 1) % 16);
+                const std::int64_t bx = ox + (mode == 0 ? x : 2 * x);
+                const std::int64_t by = oy + (mode == 2 ? 2 * y : y);
+                for (std::int64_t i = 0; i < (mode == 0 ? 1 : 2 * mode); ++i) {
+                    blocks.Plot(bx + i % 2, by + i / 2, color);
+                }
+                ASSERT_EQ(Printed([&] { t_Plot(0, x, y); }), "");
+                ASSERT_EQ(Blocks::Shown(), blocks.Digits);
+                ASSERT_EQ(t_Scrn(0, x, y), blocks.Color(bx, by));
+            }
+        }
+    }
+    for (std::int64_t cell = 0; cell < kColumns * kLines; ++cell) {
+        EXPECT_EQ(toolkit::CellAt(w, cell % kColumns + 1, cell / kColumns + 1).Symbol, 3);
+    }
+}
+
+TEST_F(LoRes, InOtherModesPlotsAQuarterOrNothingAndReadsNothing) {
+    t_LoResOffset(0, 1, 2);
+    for (const std::int64_t mode : {3, 4, -1}) {
+        t_LoResMode(0, mode);
+        EXPECT_EQ(Printed([] { EXPECT_EQ(t_Scrn(0, 0, 0), -1); }), "");
+        EXPECT_EQ(Printed([] { t_Plot(0, 1, 1); }),
+                  mode == 3 ? "t_PlotHalfSize: PixelByte = 20, x = 2, y = 3, Plot position 2\n"
+                            : "t_Plot: Illegal graphic mode.\n");
+    }
+    EXPECT_EQ(toolkit::CellAt(w, 2, 2).Symbol, 13);
+}
+
+TEST_F(LoRes, QuartersChangeTheCodesOfQuarterBlocksOnly) {
+    w.TextColor = 0x5A;
+    for (int n = 0; n < 256 * 4 * 2; ++n) {
+        const int code = n / 8;
+        const int position = n / 2 % 4;
+        const bool plot = n % 2 == 0;
+        t_PrintSymbol(0, static_cast<std::uint8_t>(code), 0xF0, 5, 4);
+        int expected = code;
+        if (code <= 14 || code == 32) {
+            const int left = code == 32 ? 15 : code;
+            expected = plot ? left & ~(8 >> position) : left | 8 >> position;
+            if (expected == 15) expected = 32;
+        }
+        const int x = 8 + position % 2;
+        const int y = 6 + position / 2;
+        EXPECT_EQ(Printed([&] { t_PlotHalfSize(0, x, y, plot); }),
+                  "t_PlotHalfSize: PixelByte = " + t_HexText(code).substr(6) +
+                      ", x = " + std::to_string(x) + ", y = " + std::to_string(y) +
+                      ", Plot position " + std::to_string(position) + "\n");
+        EXPECT_EQ(toolkit::CellAt(w, 5, 4).Symbol, expected) << code << " " << position;
+        EXPECT_EQ(toolkit::CellAt(w, 5, 4).Color, 0x5A);
+    }
+    const std::vector<std::uint8_t> before = PictureBytes(0);
+    for (const auto& [x, y] : {std::pair{-1, 0}, {0, -1}, {10, 0}, {0, 8}}) {
+        EXPECT_EQ(Printed([&, px = x, py = y] { t_PlotHalfSize(0, px, py, true); }), "");
+    }
+    EXPECT_EQ(PictureBytes(0), before);
+}
+
+TEST_F(LoRes, ColorsAreTakenModulo16) {
+    w.TextColor = 0x5A;
+    t_Color(0, 18);
+    EXPECT_EQ(w.TextColor, 0x2A);
+    EXPECT_EQ(w.RGBColor, (t_RGBColor{255, 0, 0, 128}));
+    t_ColorBorder(0, 24);
+    EXPECT_EQ(w.RGBColorBorder, (t_RGBColor{255, 128, 64, 0}));
+    EXPECT_EQ(Host(0).Background, (platform::Color{255, 128, 64, 0}));
+    EXPECT_EQ(w.TextColor, 0x2A);
+}
+
+TEST_F(LoRes, InvertedRectanglesExchangeTheColorsTheyShow) {
+    t_PrintSymbol(0, 'A', 0x5A, 2, 2);
+    const std::vector<std::uint8_t> picture = PictureBytes(0);
+    for (const auto& [column, line, lastColumn, lastLine] : {std::array{0, 1, 2, 2},
+                                                             {1, 0, 2, 2},
+                                                             {1, 1, 6, 2},
+                                                             {1, 1, 2, 5},
+                                                             {3, 1, 2, 2},
+                                                             {1, 3, 2, 2}}) {
+        t_InvertRect(0, column, line, lastColumn, lastLine);
+        EXPECT_EQ(PictureBytes(0), picture);
+    }
+    for (const bool inverse : {false, true}) {
+        w.TextInverse = inverse;
+        t_InvertRect(0, 1, 2, 2, 4);
+        EXPECT_EQ(ColorsOfLine(0, 1) + ColorsOfLine(0, 2), "C0 C0 C0 C0 C0 0C A5 C0 C0 C0 ");
+        EXPECT_EQ(ColorsOfLine(0, 3) + ColorsOfLine(0, 4), "0C 0C C0 C0 C0 0C 0C C0 C0 C0 ");
+        EXPECT_EQ(ScreenText(0), "     \n A   \n     \n     \n");
+        EXPECT_NE(PictureBytes(0), picture);
+        t_InvertRect(0, 1, 2, 2, 4);
+        EXPECT_EQ(PictureBytes(0), picture);
+        EXPECT_EQ(w.TextInverse, inverse);
+    }
+}
+
+TEST_F(LoRes, TheFullAreaIsTheWholeGrid) {
+    const t_Window before = w;
+    w.TextFirstColumn = w.TextLastColumn = w.TextFirstLine = w.TextLastLine = 2;
+    t_FullArea(0);
+    EXPECT_EQ(w, before);
+}
+
+TEST_F(LoRes, TheScreenIsReadAsTrimmedLines) {
+    EXPECT_EQ(t_GetScreen(0, "\r"), "");
+    t_Print(0, "AB");
+    EXPECT_EQ(t_GetScreen(0, "\r"), "AB");
+    EXPECT_EQ(t_GetScreen(0, "|"), "AB   |     |     |     |");
+    t_Print(0, "\r\r Äÿ\x7F");
+    EXPECT_EQ(t_GetScreen(0, "\r"), "AB\r\r Äÿ\x7F");
+    t_PrintSymbol(0, 13, 0xC0, 2, 1);  // cuts its line in two
+    EXPECT_EQ(t_GetScreen(0, "\r"), "A\r\r\r Äÿ\x7F");
 }

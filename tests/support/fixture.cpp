@@ -103,6 +103,11 @@ const t_Font& TestFont() {
     return font;
 }
 
+const t_Font& EmptyFont() {
+    static const t_Font font;
+    return font;
+}
+
 std::vector<std::uint8_t> FontFile(const t_Font& font) {
     std::vector<std::uint8_t> file = {16, 'v', 'x', 'f', 'n'};
     file.push_back(static_cast<std::uint8_t>(font.Format));

@@ -50,6 +50,9 @@ class WindowTest : public ToolkitTest {
 /// first row exactly where k has bits set, and ink of the grey k in its last row.
 const t_Font& TestFont();
 
+/// No font at all: what a window without a text block is opened with.
+const t_Font& EmptyFont();
+
 /// The font as a file in format 2.
 std::vector<std::uint8_t> FontFile(const t_Font& font);
 

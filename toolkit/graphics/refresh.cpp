@@ -26,16 +26,19 @@ bool IsDue(const t_Window& w) {
            toolkit::Minus(toolkit::Milliseconds(), w.UpdateStarted) >= Interval(w);
 }
 
-// Marks the window's view; false without a view.
+// Marks the window's view, in one visit to the main thread; false without a view.
 bool Ask(std::uint8_t n) {
-    platform::View* const view = t_WindowView(n);
-    if (view == nullptr) {
-        PrintLine("t_WindowAutoUpdateProcess: Window #", n, " view is nil, resource undefined.");
-        return false;
-    }
-    t_Windows[n].UpdateStarted = toolkit::Milliseconds();
-    platform::RunOnMain([view] { view->SetNeedsDisplay(); });
-    return true;
+    return platform::AskMain([n] {
+        platform::View* const view = t_WindowView(n);
+        if (view == nullptr) {
+            PrintLine("t_WindowAutoUpdateProcess: Window #", n,
+                      " view is nil, resource undefined.");
+            return false;
+        }
+        t_Windows[n].UpdateStarted = toolkit::Milliseconds();
+        view->SetNeedsDisplay();
+        return true;
+    });
 }
 
 void RunOnePass() {
