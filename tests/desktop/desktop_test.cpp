@@ -1,94 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <sstream>
 #include <string>
 
-#include "tests/desktop/screen.h"
+#include "tests/desktop/desktop_fixture.h"
 
 // The programs as a person uses them: real windows, a window manager, keys from the X server.
 
 namespace {
-
-constexpr int kBorder = 16;
-constexpr int kWidth = 320;  // of the probe's picture
-constexpr int kHeight = 320;
-constexpr QRgb kGreyBorder = 0xFF545454;
-constexpr QRgb kDarkBlue = 0xFF000080;
-
-struct Place {
-    int X = 0;
-    int Y = 0;
-    int Width = 0;
-    int Height = 0;
-};
-
-// Where the client area of a window lies on the screen.
-Place PlaceOf(const std::string& window) {
-    const std::string lines = Screen::Shared().Describe(window);
-    const auto number = [&](const std::string& name) {
-        const std::size_t at = lines.find(name);
-        return at == std::string::npos ? 0 : std::atoi(lines.c_str() + at + name.size());
-    };
-    return {number("Absolute upper-left X:"), number("Absolute upper-left Y:"), number("Width:"),
-            number("Height:")};
-}
-
-// Where two pictures differ first, as text.
-std::string FirstDifference(const QImage& shown, const QImage& wanted) {
-    if (shown.size() != wanted.size()) return ": sizes differ";
-    for (int y = 0; y < shown.height(); ++y) {
-        for (int x = 0; x < shown.width(); ++x) {
-            if (shown.pixel(x, y) == wanted.pixel(x, y)) continue;
-            std::ostringstream text;
-            text << ": at (" << x << ", " << y << ") " << std::hex << shown.pixel(x, y)
-                 << " instead of " << wanted.pixel(x, y);
-            return text.str();
-        }
-    }
-    return "";
-}
-
-class Desktop : public testing::Test {
-  protected:
-    Desktop() { screen.Keyboard("us"); }
-
-    // A probe whose window is open and has the keys.
-    std::string OpenProbe() {
-        probe.emplace(std::vector<std::string>{KORVANDI_PROBE}, screen.Display());
-        Command("open");
-        std::string window = screen.WindowTitled("Probe");
-        static_cast<void>(screen.Do("windowfocus --sync " + window));
-        return window;
-    }
-
-    std::string Command(const std::string& line) {
-        probe->Say(line);
-        return probe->Line("probe: ").value_or("no answer").substr(7);
-    }
-
-    int Pos(int code) { return std::atoi(Command("pos " + std::to_string(code)).c_str() + 4); }
-
-    // What the memory holds.
-    QImage Frame() {
-        const std::string path = testing::TempDir() + "korvandi_probe.png";
-        EXPECT_EQ(Command("frame " + path), "saved");
-        const QImage frame(QString::fromStdString(path));
-        std::remove(path.c_str());
-        return frame.convertToFormat(QImage::Format_RGB32);
-    }
-
-    // Where the picture lies on the screen: the content's lower left corner is the client area's.
-    [[nodiscard]] static Place PictureIn(const Place& client, int scale) {
-        return {client.X + kBorder, client.Y + client.Height - kBorder - kHeight * scale,
-                kWidth * scale, kHeight * scale};
-    }
-
-    Screen& screen = Screen::Shared();
-    std::optional<Program> probe;
-};
 
 TEST_F(Desktop, ShowsTheMemorySharpAtEveryWholeScale) {
     const std::string window = OpenProbe();

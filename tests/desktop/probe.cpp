@@ -22,7 +22,7 @@ void OpenWindow() {
     t_WindowFront(0);
     for (std::int64_t color = 0; color < 16; ++color) {
         t_Color(0, color);
-        t_Print(0, "Äß#\x03 ");
+        t_Print(0, "Äß# ");
     }
 }
 
@@ -88,7 +88,15 @@ void Obey(std::istringstream line) {
     if (word == "sleep") toolkit::SleepSeconds(600);
     if (word == "draw") DrawForEver();
     while (word == "compute") static_cast<void>(toolkit::Milliseconds());
-    if (word == "dialog") static_cast<void>(t_OpenFileDialog("Öffnen", "", ""));
+    if (word == "dialog") {
+        Answer("path " + t_OpenFileDialog("Datei öffnen", "Welche Datei?", "txt"));
+    }
+    if (word == "save") {
+        Answer("path " + t_SaveFileDialog("Brief.txt", "Datei sichern", "Wohin?", "txt, ,md"));
+    }
+    if (word == "print") {
+        platform::RunOnMain([] { t_WindowTextView(9)->AppendText("Erste Zeile\nZweite Zeile\n"); });
+    }
 }
 
 void Probe() {

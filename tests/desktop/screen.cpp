@@ -139,6 +139,21 @@ void Screen::Press(const std::string& key) const {
     static_cast<void>(Do("key " + key));
 }
 
+void Screen::Type(const std::string& text) const {
+    static_cast<void>(Do("type --delay 15 '" + text + "'"));
+}
+
+std::string Screen::Clipboard(const std::string& type) const {
+    return OutputOf("timeout 5 xclip -display " + display_ + " -selection clipboard -o -t " + type +
+                    " 2>/dev/null");
+}
+
+bool Screen::SaveClipboard(const std::string& type, const std::string& path) const {
+    OutputOf("timeout 5 xclip -display " + display_ + " -selection clipboard -o -t " + type +
+             " 2>/dev/null > " + path);
+    return !QImage(QString::fromStdString(path)).isNull();
+}
+
 QImage Screen::Picture() const {
     const std::string path = OutputOf("mktemp --suffix=.png");
     OutputOf("import -display " + display_ + " -window root " + path + " 2>&1");

@@ -49,6 +49,10 @@ class Screen {
     [[nodiscard]] std::string Describe(const std::string& window) const;
     void Keyboard(const std::string& layout) const;
     void Press(const std::string& key) const;
+    void Type(const std::string& text) const;
+    /// The clipboard as another program reads it, as text or into a file; false for none.
+    [[nodiscard]] std::string Clipboard(const std::string& type) const;
+    [[nodiscard]] bool SaveClipboard(const std::string& type, const std::string& path) const;
     /// What the whole screen shows.
     [[nodiscard]] QImage Picture() const;
     /// Waits until a visible window has this title; its id, empty when none came.

@@ -1,0 +1,131 @@
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/desktop/desktop_fixture.h"
+
+// Menus, text windows, the clipboard and the panels, by mouse and by key.
+
+namespace {
+
+constexpr int kEditMenuX = 160;  // of the title "Bearbeiten" in the menu bar
+constexpr int kMenuBarY = 10;
+
+class Menus : public Desktop {
+  protected:
+    void Click(int x, int y) const {
+        static_cast<void>(screen.Do("mousemove --sync " + std::to_string(x) + " " +
+                                    std::to_string(y) + " click 1"));
+    }
+
+    void Focus(const std::string& window) const {
+        static_cast<void>(screen.Do("windowactivate --sync " + window));
+    }
+
+    // What another program pastes; waits until it is `wanted`.
+    [[nodiscard]] bool Pastes(const std::string& wanted) const {
+        return Eventually([&] { return screen.Clipboard("UTF8_STRING") == wanted; },
+                          std::chrono::seconds(5));
+    }
+};
+
+TEST_F(Menus, CopyTextAndPictureForOtherPrograms) {
+    const std::string window = OpenProbe();
+    const std::string line = "Äß# Äß# Äß# Äß# Äß#\r";
+    const std::string text = line + line + line + "Äß#";
+    const Place client = PlaceOf(window);
+    Click(client.X + kEditMenuX, client.Y + kMenuBarY);
+    screen.Press("Down");
+    screen.Press("Return");
+    EXPECT_TRUE(Pastes(text)) << "by mouse, got: " << screen.Clipboard("UTF8_STRING");
+
+    const QImage frame = Frame();
+    screen.Press("ctrl+shift+b");
+    const std::string path = testing::TempDir() + "korvandi_pasted.png";
+    EXPECT_TRUE(Eventually([&] { return screen.SaveClipboard("image/png", path); }));
+    const QImage pasted(QString::fromStdString(path));
+    EXPECT_EQ(FirstDifference(pasted, frame), "");
+    std::remove(path.c_str());
+
+    screen.Press("ctrl+shift+c");
+    EXPECT_TRUE(Pastes(text)) << "by key";
+}
+
+TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
+    const std::string window = OpenProbe();
+    struct Row {
+        const char* Key;
+        const char* Title;
+    };
+    for (const Row& row : {Row{"ctrl+shift+k", "Systemkonsole"}, Row{"ctrl+shift+d", "Drucker"},
+                           Row{"ctrl+shift+z", "Zwischenablage"},
+                           Row{"ctrl+shift+e", "Einstellungen"}, Row{"ctrl+shift+m", "Korvandi"}}) {
+        screen.Press(row.Key);
+        const std::string shown = screen.WindowTitled(row.Title);
+        EXPECT_FALSE(shown.empty()) << row.Title;
+        Focus(shown);
+    }
+    screen.Press("ctrl+shift+h");
+    EXPECT_TRUE(Eventually([&] {
+        return screen.Do("search --onlyvisible --name '^(Probe|Systemkonsole|Drucker)$'").empty();
+    }));
+    Focus(screen.WindowTitled("Korvandi"));
+    screen.Press("ctrl+shift+0");
+    EXPECT_EQ(screen.WindowTitled("Probe"), window);
+    Focus(window);
+    screen.Press("ctrl+shift+q");
+    EXPECT_EQ(probe->Ended(), 0);
+}
+
+TEST_F(Menus, TextWindowsShowAndGiveTheirText) {
+    OpenProbe();
+    Command("print");
+    Command("front 9");
+    Focus(screen.WindowTitled("Drucker"));
+    screen.Press("ctrl+shift+c");
+    EXPECT_TRUE(Pastes("Erste Zeile\nZweite Zeile\n") || Pastes("Erste Zeile\nZweite Zeile"));
+
+    Command("front 10");
+    const std::string console = screen.WindowTitled("Systemkonsole");
+    Focus(console);
+    screen.Press("ctrl+shift+c");
+    EXPECT_TRUE(Eventually([&] {
+        return screen.Clipboard("UTF8_STRING").find("t_InitWindow: GraphicWindow #0 Start.\n") !=
+               std::string::npos;
+    }));
+    static_cast<void>(screen.Do("windowsize --sync " + console + " 500 400"));
+    EXPECT_TRUE(Eventually([&] { return PlaceOf(console).Width == 500; }));
+
+    Command("front 8");
+    EXPECT_FALSE(screen.WindowTitled("Zwischenablage").empty());
+}
+
+TEST_F(Menus, PanelsGivePathsAndCancel) {
+    OpenProbe();
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "Korv 50% ü";
+    std::filesystem::create_directories(folder);
+    const std::string file = folder / "Grüße.txt";
+    std::ofstream(file) << "x";
+    screen.Keyboard("de");
+
+    probe->Say("dialog");
+    Focus(screen.WindowTitled("Datei öffnen"));
+    screen.Type(file);
+    screen.Press("Return");
+    EXPECT_EQ(probe->Line("probe: path"), "probe: path " + file);
+
+    probe->Say("save");
+    Focus(screen.WindowTitled("Datei sichern"));
+    screen.Press("ctrl+a");
+    screen.Type(folder / "Neu.md");
+    screen.Press("Return");
+    EXPECT_EQ(probe->Line("probe: path"), "probe: path " + (folder / "Neu.md").string());
+
+    probe->Say("save");
+    Focus(screen.WindowTitled("Datei sichern"));
+    screen.Press("Escape");
+    EXPECT_EQ(probe->Line("probe: path"), "probe: path ");
+    std::filesystem::remove_all(folder);
+}
+
+}  // namespace
