@@ -10,7 +10,8 @@ struct Picture;
 /// Writes a picture as a file; false when that failed.
 using PictureSaver = std::function<bool(const platform::Picture& picture, const std::string& path)>;
 
-/// Shows the game `program` where there is no screen: plays it on a desktop in memory, with a person
-/// who starts it, watches, ends it and answers, and saves pictures of every stage in the folder
-/// "korvandi-bilder" of the current folder. Prints what it does, in German. Instead of RunProgram.
+/// Shows the game `program` where there is no screen: plays it on a desktop in memory, with a
+/// person who starts it, watches, ends it and answers, and saves pictures of every stage in the
+/// folder "korvandi-bilder" of the current folder. Prints what it does, in German. Instead of
+/// RunProgram.
 void PlayOnVirtualScreen(std::function<void()> program, PictureSaver save);

@@ -111,7 +111,11 @@ TEST_F(LoRes, QuartersChangeTheCodesOfQuarterBlocksOnly) {
     EXPECT_EQ(PictureBytes(0), before);
 }
 
-TEST_F(LoRes, ColorsAreTakenModulo16) {
+TEST_F(LoRes, ColorsAreTakenModulo16AndTheFullAreaIsTheGrid) {
+    const t_Window before = w;
+    w.TextFirstColumn = w.TextLastColumn = w.TextFirstLine = w.TextLastLine = 2;
+    t_FullArea(0);
+    EXPECT_EQ(w, before);
     w.TextColor = 0x5A;
     t_Color(0, 18);
     EXPECT_EQ(w.TextColor, 0x2A);
@@ -145,13 +149,6 @@ TEST_F(LoRes, InvertedRectanglesExchangeTheColorsTheyShow) {
         EXPECT_EQ(PictureBytes(0), picture);
         EXPECT_EQ(w.TextInverse, inverse);
     }
-}
-
-TEST_F(LoRes, TheFullAreaIsTheWholeGrid) {
-    const t_Window before = w;
-    w.TextFirstColumn = w.TextLastColumn = w.TextFirstLine = w.TextLastLine = 2;
-    t_FullArea(0);
-    EXPECT_EQ(w, before);
 }
 
 TEST_F(LoRes, TheScreenIsReadAsTrimmedLines) {

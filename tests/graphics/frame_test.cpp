@@ -1,0 +1,168 @@
+#include "toolkit/graphics/frame.h"
+
+#include <algorithm>
+
+#include "tests/support/fixture.h"
+#include "tests/support/random.h"
+#include "toolkit/core/numbers.h"
+
+using platform::Picture;
+using platform::PixelOrder;
+
+namespace {
+
+class Frames : public WindowTest {
+  protected:
+    void OpenSize(std::int64_t depth, std::int64_t width, std::int64_t height) {
+        t_InitWindow(0, depth, true, width, height, 0, 0, t_Font(), true);
+        t_WindowFront(0);
+        desktop.ClearPrinted();
+    }
+
+    // The window's picture filled with every byte value in every place.
+    void Fill() {
+        std::vector<std::uint8_t> bytes(
+            static_cast<std::size_t>(w.Width * w.Height * w.BitDepth / 8));
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            bytes[i] = static_cast<std::uint8_t>(i + i / 256 + i / 1000);
+        }
+        toolkit::WriteRun(w.MemoryStart, bytes);
+    }
+
+    t_Window& w = t_Windows[0];
+};
+
+t_RGBColor PixelAt(const t_Window& w, std::int64_t x, std::int64_t y) {
+    const std::int64_t i = y * w.Width + x;
+    const std::int64_t depth = w.BitDepth;
+    const auto byte = [&w](std::int64_t offset) { return toolkit::Peek(w.MemoryStart + offset); };
+    if (depth == 1) return t_PaletteColor((byte(i / 8) >> (7 - x % 8) & 1) * 15);
+    if (depth == 4) return t_PaletteColor(byte(i / 2) >> (x % 2 == 0 ? 4 : 0) & 15);
+    if (depth == 8) return {255, byte(i), byte(i), byte(i)};
+    if (depth == 16) return {255, byte(2 * i + 1), byte(2 * i + 1), byte(2 * i + 1)};
+    const std::int64_t red = depth == 24 ? 3 * i : 4 * i + 1;
+    return {255, byte(red), byte(red + 1), byte(red + 2)};
+}
+
+Picture Expected(const t_Window& w, PixelOrder order) {
+    Picture picture{w.Width, w.Height, order, {}};
+    for (std::int64_t y = 0; y < w.Height; ++y) {
+        for (std::int64_t x = 0; x < w.Width; ++x) {
+            const auto [alpha, red, green, blue] = PixelAt(w, x, y);
+            const bool alphaFirst = order == PixelOrder::AlphaRedGreenBlue;
+            for (const std::uint8_t byte : alphaFirst ? std::array{alpha, red, green, blue}
+                                                      : std::array{blue, green, red, alpha}) {
+                picture.Bytes.push_back(byte);
+            }
+        }
+    }
+    return picture;
+}
+
+}  // namespace
+
+TEST(Palette, HoldsTheSixteenColors) {
+    constexpr std::uint32_t kColors[16] = {
+        0x000000, 0xFF0000, 0x000080, 0xFF00FF, 0x008000, 0x545454, 0x0000FF, 0x0080FF,
+        0x804000, 0xFF8000, 0xA8A8A8, 0xFF8080, 0x00FF00, 0xFFFF00, 0x00FFFF, 0xFFFFFF};
+    for (std::int64_t n = 0; n < 16; ++n) {
+        const auto [alpha, red, green, blue] = t_PaletteColor(n);
+        EXPECT_EQ(red << 16 | green << 8 | blue, kColors[n]) << n;
+        EXPECT_EQ(alpha, 255);
+    }
+    for (const std::int64_t n : {16, 255}) EXPECT_EQ(t_PaletteColor(n), (t_RGBColor{255, 0, 0, 0}));
+}
+
+TEST_F(Frames, ShowEveryByteAtEveryDepthInBothPixelOrders) {
+    for (const auto& [depth, width, height] : {std::array{1, 2048, 32},
+                                               {1, 40, 33},
+                                               {4, 512, 32},
+                                               {4, 36, 33},
+                                               {8, 33, 33},
+                                               {8, 47, 100},
+                                               {16, 33, 33},
+                                               {16, 47, 100},
+                                               {24, 33, 33},
+                                               {24, 47, 100},
+                                               {32, 33, 33},
+                                               {32, 47, 100}}) {
+        OpenSize(depth, width, height);
+        Fill();
+        for (const PixelOrder order :
+             {PixelOrder::AlphaRedGreenBlue, PixelOrder::BlueGreenRedAlpha}) {
+            Picture picture;
+            picture.Order = order;
+            ASSERT_TRUE(t_WindowImage(0, picture));
+            EXPECT_EQ(picture, Expected(w, order)) << depth << " " << width;
+        }
+    }
+    EXPECT_EQ(desktop.Printed(), "");
+}
+
+TEST_F(Frames, NeverReadOutsideTheMemoryWhateverTheRecordSays) {
+    Random random;
+    const std::int64_t memory = toolkit::kMemorySize;
+    int frames = 0;
+    for (int i = 0; i < 3000; ++i) {
+        w.BitDepth = random.OneOf({1, 4, 8, 16, 24, 32});
+        w.Width = random.OneOf({32, 33, 40, 64, 1, 0, -1, 8192, 8193, INT64_MAX, INT64_MIN});
+        w.Height = random.OneOf({32, 33, 50, 1, 0, -8, 200, 8193, INT64_MAX});
+        const std::int64_t bits = toolkit::Times(toolkit::Times(w.Width, w.Height), w.BitDepth);
+        w.MemoryStart = random.OneOf({memory - bits / 8, memory - bits / 8 + 1, 0, -1, memory,
+                                      INT64_MAX, INT64_MIN, memory - 1, 0x10000});
+        const bool sane = w.Width >= 1 && w.Width <= 8192 && w.Height >= 1 && w.Height <= 8192 &&
+                          bits % 8 == 0 && w.MemoryStart >= 0 && w.MemoryStart <= memory - bits / 8;
+        const std::optional<Picture> picture = t_WindowImage(0);
+        ASSERT_EQ(picture.has_value(), sane) << w.Width << " " << w.Height << " " << w.MemoryStart;
+        if (!picture || bits > 1'000'000 || (w.BitDepth < 8 && w.Width % 8 != 0)) continue;
+        ++frames;
+        ASSERT_EQ(*picture, Expected(w, PixelOrder::AlphaRedGreenBlue));
+    }
+    EXPECT_GT(frames, 100);
+    EXPECT_EQ(desktop.Printed(), "");
+}
+
+TEST_F(Frames, AreNotMadeOfWindowsThatCannotBeShown) {
+    const auto line = [this] {
+        return Printed([] { EXPECT_FALSE(t_WindowImage(0).has_value()); });
+    };
+    w.UpdateDuration = w.UpdateFinished = 77;
+    w.Visible = false;
+    EXPECT_EQ(line(), "");
+    w.Visible = true;
+    w.BitDepth = 12;
+    std::string lines;
+    while (lines.size() < 64 * 32 * 34) lines += "t_WindowImage: Illegal bit depth.\n";
+    EXPECT_EQ(line(), lines);
+    w.Initialized = false;
+    EXPECT_EQ(line(), "t_WindowImage: Graphic window #0 not initialized.\n");
+    t_ToolsReady = false;
+    EXPECT_EQ(line(), "");
+    EXPECT_EQ(w.UpdateDuration, 77);
+    EXPECT_EQ(w.UpdateFinished, 77);
+}
+
+TEST_F(Frames, NoteTheirTimesAndReuseTheirBuffer) {
+    Picture picture;
+    ASSERT_TRUE(t_WindowImage(0, picture));
+    const std::uint8_t* const bytes = picture.Bytes.data();
+    toolkit::SleepMilliseconds(500);
+    w.UpdateDuration = 77;
+    t_PrintSymbol(0, 'A', 0xF0, 1, 1);
+    ASSERT_TRUE(t_WindowImage(0, picture));
+    EXPECT_EQ(w.UpdateDuration, 0);  // the clock stood still
+    EXPECT_EQ(w.UpdateFinished, toolkit::Milliseconds());
+    EXPECT_EQ(picture.Bytes.data(), bytes);
+    EXPECT_EQ(picture, Expected(w, PixelOrder::AlphaRedGreenBlue));
+    OpenSize(8, 50, 40);
+    ASSERT_TRUE(t_WindowImage(0, picture));
+    EXPECT_EQ(picture.Bytes.size(), 50U * 40 * 4);
+}
+
+TEST_F(Frames, SnapshotsAreMadeOfWindowsWithAView) {
+    EXPECT_EQ(t_WindowSnapshot(0), t_WindowImage(0));
+    EXPECT_TRUE(t_WindowSnapshot(0).has_value());
+    EXPECT_EQ(Printed([] { EXPECT_FALSE(t_WindowSnapshot(8).has_value()); }), "");
+    delegate.t_View00 = nullptr;
+    EXPECT_FALSE(t_WindowSnapshot(0).has_value());
+}

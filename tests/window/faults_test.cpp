@@ -1,0 +1,140 @@
+#include <utility>
+
+#include "tests/support/fixture.h"
+
+// What the operations of all folders say about a window that they cannot work on. Some print other
+// lines or check in another order (t_WindowImage, t_WindowUpdate, t_MouseEventHandler, viewKeyDown,
+// viewMouseDown, redirected output): their headers say so, and their own tests show it.
+
+namespace {
+
+using enum toolkit::Need;
+
+struct Operation {
+    std::string_view Name;
+    toolkit::Need Needs;
+    void (*Run)(std::uint8_t n);  // fails where the neutral result of a fault is not given
+};
+
+constexpr Operation kOperations[] = {
+    // toolkit/text
+    {"t_WindowFont", SetUp, [](std::uint8_t n) { t_WindowFont(n, TestFont()); }},
+    {"t_PrintSymbol", TextBlock, [](std::uint8_t n) { t_PrintSymbol(n, 65, 0xF0, 1, 1); }},
+    {"t_Print", TextBlock, [](std::uint8_t n) { t_Print(n, "A"); }},
+    {"t_Print", TextBlock, [](std::uint8_t n) { t_Print(n, Text{{65}}); }},
+    {"t_PrintChar", TextBlock, [](std::uint8_t n) { t_PrintChar(n, 65); }},
+    {"t_PrintControl", TextBlock, [](std::uint8_t n) { t_PrintControl(n, 12); }},
+    {"t_ApplyDisplayMode", TextBlock,
+     [](std::uint8_t n) {
+         const t_DisplayCode code = t_ApplyDisplayMode(n, 65);
+         EXPECT_TRUE(code.Code == -2 && !code.Inverse && code.Color == 0xF0);
+     }},
+    {"t_PrintTab", TextBlock, [](std::uint8_t n) { t_PrintTab(n, 3, 65); }},
+    {"t_PrintSpc", TextBlock, [](std::uint8_t n) { t_PrintSpc(n, 3); }},
+    {"t_DisplayMode", SetUp, [](std::uint8_t n) { t_DisplayMode(n, 1); }},
+    {"t_Normal", SetUp, t_Normal},
+    {"t_Inverse", SetUp, t_Inverse},
+    {"t_Reverse", SetUp, t_Reverse},
+    {"t_Htab", TextBlock, [](std::uint8_t n) { t_Htab(n, 2); }},
+    {"t_Vtab", TextBlock, [](std::uint8_t n) { t_Vtab(n, 2); }},
+    {"t_CursorRight", TextBlock, t_CursorRight},
+    {"t_CursorLeft", TextBlock, t_CursorLeft},
+    {"t_CursorDown", TextBlock, t_CursorDown},
+    {"t_CursorUp", TextBlock, t_CursorUp},
+    {"t_Cr", TextBlock, t_Cr},
+    {"t_CursorHome", TextBlock, t_CursorHome},
+    {"t_CursorEnd", TextBlock, t_CursorEnd},
+    {"t_ScrollUp", TextBlock, t_ScrollUp},
+    {"t_ScrollDown", TextBlock, t_ScrollDown},
+    {"t_ClearEndOfLine", TextBlock, t_ClearEndOfLine},
+    {"t_ClearEndOfWindow", TextBlock, t_ClearEndOfWindow},
+    {"t_CursorOn", TextBlock, t_CursorOn},
+    {"t_CursorOff", TextBlock, t_CursorOff},
+    {"t_CursorDraw", TextBlock, t_CursorDraw},
+    {"t_Header", TextBlock, [](std::uint8_t n) { t_Header(n, "A", "B"); }},
+    {"t_TextLine", TextBlock, t_TextLine},
+    {"t_TextHline", TextBlock, [](std::uint8_t n) { t_TextHline(n, 1, 2, 1, 65); }},
+    {"t_RedirectOutput", SetUp, [](std::uint8_t n) { t_RedirectOutput(n, 1); }},
+    // toolkit/graphics
+    {"t_Color", SetUp, [](std::uint8_t n) { t_Color(n, 1); }},
+    {"t_LoResMode", SetUp, [](std::uint8_t n) { t_LoResMode(n, 1); }},
+    {"t_LoResOffset", SetUp, [](std::uint8_t n) { t_LoResOffset(n, 1, 1); }},
+    {"t_Plot", TextBlock, [](std::uint8_t n) { t_Plot(n, 0, 0); }},
+    {"t_PlotBlock", TextBlock, [](std::uint8_t n) { t_PlotBlock(n, 0, 0); }},
+    {"t_PlotHalfSize", TextBlock, [](std::uint8_t n) { t_PlotHalfSize(n, 0, 0, true); }},
+    {"t_Scrn", TextBlock, [](std::uint8_t n) { EXPECT_EQ(t_Scrn(n, 0, 0), -1); }},
+    {"t_ColorBorder", SetUp, [](std::uint8_t n) { t_ColorBorder(n, 1); }},
+    {"t_InvertRect", TextBlock, [](std::uint8_t n) { t_InvertRect(n, 1, 1, 1, 1); }},
+    {"t_FullArea", SetUp, t_FullArea},
+    {"t_GetScreen", TextBlock, [](std::uint8_t n) { EXPECT_EQ(t_GetScreen(n, "\r"), ""); }},
+    // toolkit/input
+    {"t_InputForm", TextBlock,
+     [](std::uint8_t n) { EXPECT_EQ(t_InputForm(n, "A", "B", true, 0, 5), ""); }},
+    {"t_InputEdit", TextBlock, [](std::uint8_t n) { t_InputEdit(n, 65); }},
+    {"t_InputInsert", TextBlock, [](std::uint8_t n) { t_InputInsert(n, 65); }},
+};
+
+class WindowFaults : public ToolkitTest {
+  protected:
+    // Every operation prints this line for window `n` and changes no record.
+    void ExpectRefusals(std::uint8_t n, const std::string& reason) {
+        const t_WindowTable before = t_Windows;
+        for (const Operation& operation : kOperations) {
+            EXPECT_EQ(Printed([&] { operation.Run(n); }),
+                      std::string(operation.Name) + ": " + reason + "\n");
+        }
+        EXPECT_EQ(t_Windows, before);
+    }
+};
+
+}  // namespace
+
+TEST_F(WindowFaults, NumbersFromEightOnAreNoGraphicWindows) {
+    for (const std::uint8_t n : {std::uint8_t{8}, std::uint8_t{255}}) {
+        t_ToolsReady = false;
+        ExpectRefusals(n, "Window is not a graphic window.");
+        t_InitMemory();
+        ExpectRefusals(n, "Window is not a graphic window.");
+    }
+}
+
+TEST_F(WindowFaults, WindowsAreRefusedUntilTheToolkitAndTheyAreSetUp) {
+    t_Windows[7].Initialized = true;
+    t_Windows[7].TextMemoryStart = 0x10000;
+    ExpectRefusals(7, "Window #7 not initialized.");
+    t_InitMemory();
+    ExpectRefusals(7, "Window #7 not initialized.");
+}
+
+TEST_F(WindowFaults, WindowsWithoutATextBlockTakeOnlyWhatNeedsNone) {
+    t_InitWindow(3, 24, true, 64, 32, 0, 0, EmptyFont(), true);
+    for (const Operation& operation : kOperations) {
+        const std::string line = std::string(operation.Name) + ": Window #3 not initialized.\n";
+        EXPECT_EQ(Printed([&] { operation.Run(3); }), operation.Needs == TextBlock ? line : "")
+            << operation.Name;
+    }
+}
+
+TEST_F(WindowFaults, WindowsThatDoNotExistAreNotPlaced) {
+    constexpr std::pair<std::string_view, void (*)(std::uint8_t)> kRows[] = {
+        {"t_WindowPos", [](std::uint8_t n) { EXPECT_EQ(t_WindowPos(n, 12), 0); }},
+        {"t_WindowSize", [](std::uint8_t n) { t_WindowSize(n, 1, 1, 50, 50); }},
+        {"t_WindowCenter", t_WindowCenter},
+        {"t_WindowFront", t_WindowFront},
+        {"t_WindowVisible", [](std::uint8_t n) { t_WindowVisible(n, true); }},
+        {"t_WindowTitle", [](std::uint8_t n) { t_WindowTitle(n, "A"); }},
+        {"t_WindowTitleVisible", [](std::uint8_t n) { t_WindowTitleVisible(n, true); }},
+    };
+    constexpr std::uint8_t kMissing[] = {4, 12, 13, 255};
+    t_InitMemory();
+    delegate.t_View04 = nullptr;
+    delegate.MainWindow = nullptr;
+    for (const auto& [name, run] : kRows) {
+        for (const std::uint8_t n : kMissing) {
+            desktop.ClearPrinted();
+            run(n);
+            EXPECT_EQ(desktop.Printed(), std::string(name) + ": Window does not exist.\n");
+        }
+    }
+    EXPECT_EQ(t_Windows[4], t_Window());
+}
