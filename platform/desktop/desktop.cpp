@@ -40,7 +40,8 @@ void MakeEventLoop(int argc, char** argv) {
     static int arguments = argc;
     const bool chosenByPerson = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     if (!chosenByPerson) qputenv("QT_QPA_PLATFORM", ReachablePlatform().c_str());
-    new EventLoop(arguments, argv);
+    static const auto* const eventLoop = new EventLoop(arguments, argv);  // never destroyed
+    static_cast<void>(eventLoop);
     if (!chosenByPerson) qunsetenv("QT_QPA_PLATFORM");
 }
 
@@ -51,7 +52,8 @@ void SetUpEventLoop(std::string_view applicationName) {
     QGuiApplication::setDesktopFileName(name.toLower());
     QApplication::setQuitOnLastWindowClosed(false);
     QLocale::setDefault(QLocale(QLocale::German));
-    QCoreApplication::installTranslator(new German);
+    static auto* const german = new German;
+    QCoreApplication::installTranslator(german);
 }
 
 }  // namespace

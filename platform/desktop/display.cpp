@@ -120,12 +120,20 @@ bool WindowManagerAnswers(xcb_connection_t* connection, const xcb_screen_t& scre
                               Atom(connection, "_NET_REQUEST_FRAME_EXTENTS")) > 0;
 }
 
+// The variable of the environment; empty when it is not set.
+std::string_view Environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string_view() : std::string_view(value);
+}
+
+std::filesystem::path WaylandSocket() {
+    const std::string_view named = Environment("WAYLAND_DISPLAY");
+    const std::filesystem::path name = named.empty() ? "wayland-0" : named;
+    return std::filesystem::path(Environment("XDG_RUNTIME_DIR")) / name;
+}
+
 bool WaylandReachable() {
-    const char* const named = std::getenv("WAYLAND_DISPLAY");
-    const std::string name = named == nullptr || *named == '\0' ? "wayland-0" : named;
-    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
-    if (!name.starts_with('/') && folder == nullptr) return false;
-    const std::string path = name.starts_with('/') ? name : std::string(folder) + "/" + name;
+    const std::string path = WaylandSocket();
     sockaddr_un address{};
     if (path.size() >= sizeof address.sun_path) return false;
     address.sun_family = AF_UNIX;
@@ -142,8 +150,7 @@ bool WaylandReachable() {
 std::vector<std::filesystem::path> PluginFolders() {
     std::vector<std::filesystem::path> folders{
         QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString()};
-    const char* const more = std::getenv("QT_PLUGIN_PATH");
-    std::string_view list = more == nullptr ? "" : more;
+    std::string_view list = Environment("QT_PLUGIN_PATH");
     while (!list.empty()) {
         const std::size_t end = std::min(list.find(':'), list.size());
         folders.emplace_back(list.substr(0, end));
@@ -211,8 +218,8 @@ bool ClipboardOwnerAnswers(std::chrono::milliseconds patience) {
 
 const std::string& ReachablePlatform() {
     static const std::string reachable = [] {
-        const char* const chosen = std::getenv("QT_QPA_PLATFORM");
-        std::string_view plugins = chosen == nullptr || *chosen == '\0' ? kPlatformOrder : chosen;
+        const std::string_view chosen = Environment("QT_QPA_PLATFORM");
+        std::string_view plugins = chosen.empty() ? kPlatformOrder : chosen;
         while (!plugins.empty()) {
             const std::size_t end = std::min(plugins.find(';'), plugins.size());
             if (PluginReachable(plugins.substr(0, end))) return std::string(plugins.substr(0, end));

@@ -26,21 +26,21 @@ void HostWidget::LayOut() {
 // A window is hidden, never closed, and only when the client says so.
 void HostWidget::closeEvent(QCloseEvent* event) {
     event->ignore();
-    owner_.closeRequested();
+    owner_.CloseRequested();
 }
 
 void HostWidget::moveEvent(QMoveEvent* /*event*/) {
-    owner_.geometryChanged();
+    owner_.GeometryChanged();
 }
 
 void HostWidget::resizeEvent(QResizeEvent* /*event*/) {
     LayOut();
-    owner_.geometryChanged();
+    owner_.GeometryChanged();
 }
 
 void HostWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) owner_.activated();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) owner_.Activated();
 }
 
 }  // namespace platform::desktop

@@ -9,9 +9,9 @@ namespace platform::desktop {
 /// What a top-level widget tells the window that it belongs to.
 class HostWidgetOwner {
   public:
-    virtual void closeRequested() = 0;
-    virtual void geometryChanged() = 0;
-    virtual void activated() = 0;
+    virtual void CloseRequested() = 0;
+    virtual void GeometryChanged() = 0;
+    virtual void Activated() = 0;
 
   protected:
     ~HostWidgetOwner() = default;

@@ -158,20 +158,20 @@ HostWindow* HostWindow::LastActive() {
     return lastActive;
 }
 
-void HostWindow::closeRequested() {
+void HostWindow::CloseRequested() {
     Desk& desk = TheDesk();
     if (desk.Client == nullptr || desk.Ending || !desk.Client->windowShouldClose(*this)) return;
     desk.Client->windowWillClose(*this);
     OrderOut();
 }
 
-void HostWindow::geometryChanged() {
+void HostWindow::GeometryChanged() {
     if (!visible_ || (placed_ && settle_.isActive())) return;
     Adopt();
     settle_.start(kSettleMs);
 }
 
-void HostWindow::activated() {
+void HostWindow::Activated() {
     lastActive = this;
 }
 

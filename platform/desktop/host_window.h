@@ -61,9 +61,9 @@ class HostWindow : public Window, private HostWidgetOwner {
     virtual void WillShow() {}
 
   private:
-    void closeRequested() override;
-    void geometryChanged() override;
-    void activated() override;
+    void CloseRequested() override;
+    void GeometryChanged() override;
+    void Activated() override;
 
     [[nodiscard]] const QRect& Content() const;
     [[nodiscard]] QRect FrameRect() const;

@@ -18,7 +18,7 @@ constexpr int kFlushMs = 20;
 constexpr qsizetype kLongestLine = 4000;
 
 // More than this is not added to what the editor has; it gets the whole text anew.
-constexpr std::size_t kMostToInsert = 256 * 1024;
+constexpr std::size_t kMostToInsert = 262'144;  // bytes
 
 QFont FixedWidthFont(std::string_view family, double points) {
     QFont font;

@@ -1,9 +1,9 @@
 #include <algorithm>
+#include <map>
 #include <set>
 #include <thread>
 
 #include "app/console_feed.h"
-#include "app/menus.h"
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
 #include "toolkit/core/output.h"
@@ -12,11 +12,16 @@
 
 namespace {
 
+using platform::headless::HeadlessTextView;
+
 class Interface : public WindowTest {
   protected:
+    // Presses, switches or chooses in the row of a form window.
+    void Change(std::uint8_t window, std::string_view title, std::int64_t value) {
+        RowOf(window, title).Changed(value);
+    }
     platform::FormRow& RowOf(std::uint8_t window, std::string_view title) {
-        auto& rows = Host(window).Rows;
-        return *std::ranges::find(rows, title, &platform::FormRow::Title);
+        return *std::ranges::find(Host(window).Rows, title, &platform::FormRow::Title);
     }
 
     // Serves the main thread until everything that was printed has reached the console.
@@ -27,9 +32,9 @@ class Interface : public WindowTest {
     }
 };
 
-std::string Lines(int first, int end) {
+std::string Lines(char kind, int first, int end) {
     std::string lines;
-    for (int i = first; i < end; ++i) lines += "Zeile " + std::to_string(i) + "\n";
+    for (int i = first; i < end; ++i) lines += kind + std::to_string(i) + "\n";
     return lines;
 }
 
@@ -49,11 +54,9 @@ TEST_F(Interface, MenusReachEveryActionAndNoKeyIsTakenTwice) {
                 << item.Title;
         }
     }
-    for (std::int64_t tag = 100; tag <= 230; ++tag) {
-        const bool action =
-            tag <= 101 || (tag >= 110 && tag <= 114) || tag == 200 || tag == 201 || tag >= 205;
-        EXPECT_EQ(tags.contains(tag), action) << tag;
-    }
+    std::set<std::int64_t> actions = {0, 100, 101, 110, 111, 112, 113, 114, 200, 201};
+    for (std::int64_t action = 205; action <= 230; ++action) actions.insert(action);
+    EXPECT_EQ(tags, actions);
     EXPECT_TRUE(keys.contains("q"));
 }
 
@@ -62,56 +65,47 @@ TEST_F(Interface, ChosenItemsReachTheToolkit) {
     EXPECT_EQ(t_FrontWindow(), 9);
     desktop.Choose("Fenster", "Grafikfenster 0 zeigen");
     EXPECT_EQ(t_FrontWindow(), 0);
-    EXPECT_EQ(t_MenuEventQueue[1].MenuTitle, "Fenster");
     EXPECT_EQ(t_MenuEventQueue[1].ItemKeyAsc, '0');
     desktop.Choose("Korvandi", "Korvandi beenden");
-    desktop.Run(delegate);  // returns at once
+    desktop.Run(delegate);  // ends after the launch
     EXPECT_TRUE(desktop.Printed().ends_with("applicationWillTerminate: Called.\n"));
     while (platform::RunningThreads() != 0) std::this_thread::yield();
 }
 
-TEST_F(Interface, ButtonsShowTheirWindows) {
-    t_FirstWindow = 255;
-    platform::FormRow& program = RowOf(12, "Programmfenster zeigen");
-    EXPECT_FALSE(program.Enabled());
-    t_FirstWindow = 0;
-    EXPECT_TRUE(program.Enabled());
-    struct Row {
-        std::string_view Title;
-        std::uint8_t Window;
-    };
-    for (const Row& row : {Row{"Zwischenablage zeigen", 8}, Row{"Drucker zeigen", 9},
-                           Row{"Systemkonsole zeigen", 10}, Row{"Einstellungen …", 11},
-                           Row{"Programmfenster zeigen", 0}}) {
-        RowOf(12, row.Title).Changed(0);
-        EXPECT_EQ(t_FrontWindow(), row.Window) << row.Title;
+TEST_F(Interface, FormWindowsReachWindowsAndPreferences) {
+    const std::map<std::string, std::uint8_t> buttons = {{"Zwischenablage zeigen", 8},
+                                                         {"Drucker zeigen", 9},
+                                                         {"Systemkonsole zeigen", 10},
+                                                         {"Einstellungen …", 11},
+                                                         {"Programmfenster zeigen", 0}};
+    for (const auto& [title, window] : buttons) {
+        Change(12, title, 0);
+        EXPECT_EQ(t_FrontWindow(), window) << title;
     }
-}
+    EXPECT_TRUE(RowOf(12, "Programmfenster zeigen").Enabled());
+    t_FirstWindow = toolkit::kNoWindow;
+    EXPECT_FALSE(RowOf(12, "Programmfenster zeigen").Enabled());
 
-TEST_F(Interface, PreferencesReachSoundsAndOpenWindows) {
     Open(3, 8, 5, 4);
-    RowOf(11, "Bilder je Sekunde").Changed(3);
-    EXPECT_EQ(t_Windows[0].RefreshRate, 60);
-    EXPECT_EQ(t_Windows[3].RefreshRate, 60);
+    Change(11, "Bilder je Sekunde", 3);
+    Change(11, "Bilder je Sekunde", 9);  // not offered
+    for (const std::uint8_t n : {std::uint8_t{0}, std::uint8_t{3}}) {
+        EXPECT_EQ(t_Windows[n].RefreshRate, 60);
+    }
     EXPECT_EQ(t_Windows[1].RefreshRate, 30);
-    RowOf(11, "Bilder je Sekunde").Changed(9);
-    EXPECT_EQ(t_Windows[0].RefreshRate, 60);
-    RowOf(11, "Größe der offenen Grafikfenster").Changed(1);
+    Change(11, "Größe der offenen Grafikfenster", 1);
     EXPECT_EQ(View(3).Frame().Width, 60);
     EXPECT_EQ(View(3).Frame().Height, 48);
     EXPECT_EQ(t_Windows[3].Width, 40);
-    RowOf(11, "Töne").Changed(0);
-    t_SysBeep();
-    EXPECT_EQ(desktop.Played(), std::vector<std::string>());
-    RowOf(11, "Töne").Changed(1);
-    t_SysBeep();
-    EXPECT_EQ(desktop.Played(), std::vector<std::string>{"beep"});
+    for (const std::int64_t on : {0, 1}) {
+        Change(11, "Töne", on);
+        t_SysBeep();
+        EXPECT_EQ(std::ssize(desktop.Played()), on);
+    }
 }
 
 TEST_F(Interface, TheConsoleShowsWhatIsPrinted) {
-    const auto& console =
-        dynamic_cast<const platform::headless::HeadlessTextView&>(*t_WindowTextView(10));
-    t_InitMemory();
+    const auto& console = dynamic_cast<const HeadlessTextView&>(*t_WindowTextView(10));
     toolkit::PrintPiece("A");
     t_Print(9, "");
     ServeConsole();
@@ -119,37 +113,32 @@ TEST_F(Interface, TheConsoleShowsWhatIsPrinted) {
 }
 
 TEST_F(Interface, TheConsoleKeepsTheNewestLinesInOrder) {
-    platform::headless::HeadlessTextView view;
+    HeadlessTextView view;
     const auto feed = MakeConsoleFeed(view);
-    for (int i = 0; i < 45'000; ++i) feed(Lines(i, i + 1));  // while the main thread is busy
+    for (int i = 0; i < 45'000; ++i) feed(Lines('a', i, i + 1));  // while the main thread is busy
     ServeConsole();
-    EXPECT_TRUE(view.Content == Lines(35'000, 45'000));
-    feed(std::string(20'000'000, 'x'));
+    EXPECT_TRUE(view.Content == Lines('a', 35'000, 45'000));
+    feed(std::string(20'000'000, 'x'));  // nor does a line without an end fill the memory
     feed("\nEnde\n");
     ServeConsole();
     EXPECT_LT(view.Content.size(), 10'000'000U);
     EXPECT_TRUE(view.Content.ends_with("x\nEnde\n"));
-}
 
-TEST_F(Interface, TheConsoleTakesLinesFromTwoThreads) {
-    platform::headless::HeadlessTextView view;
-    const auto feed = MakeConsoleFeed(view);
+    view.Content.clear();
     std::thread other([&feed] {
-        for (int i = 0; i < 2000; ++i) feed("b" + std::to_string(i) + "\n");
+        for (int i = 0; i < 2000; ++i) feed(Lines('b', i, i + 1));
     });
     for (int i = 0; i < 2000; ++i) {
-        feed("a" + std::to_string(i) + "\n");
+        feed(Lines('a', i, i + 1));
         if (i % 100 == 0) ServeConsole();
     }
     other.join();
     ServeConsole();
-    int next[2] = {0, 0};
-    for (std::size_t at = 0; at < view.Content.size(); at = view.Content.find('\n', at) + 1) {
-        const int which = view.Content[at] - 'a';
-        ASSERT_EQ(view.Content.compare(at + 1, 1 + std::to_string(next[which]).size(),
-                                       std::to_string(next[which]) + "\n"),
-                  0);
-        ++next[which];
+    std::map<char, std::string> lines;  // of each thread
+    for (std::size_t at = 0; at < view.Content.size();) {
+        const std::size_t end = view.Content.find('\n', at) + 1;
+        lines[view.Content[at]] += view.Content.substr(at, end - at);
+        at = end;
     }
-    EXPECT_EQ(next[0] + next[1], 4000);
+    EXPECT_TRUE(lines['a'] == Lines('a', 0, 2000) && lines['b'] == Lines('b', 0, 2000));
 }

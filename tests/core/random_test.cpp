@@ -10,13 +10,13 @@ class RandomNumbers : public ToolkitTest {
   protected:
     RandomNumbers() {
         desktop.StartTime = 32'768 / 1e9;
-        desktop.NextRandom = [this] { return Draws.at(Drawn++ % Draws.size()); };
+        desktop.NextRandom = [this] { return draws.at(drawn++ % draws.size()); };
     }
 
     // Only the low sixteen bits count; a zero is drawn again.
-    std::vector<std::uint32_t> Draws = {0xFFFF'0000, 0x0002, 0x0046, 0x008A, 0x00CE,
+    std::vector<std::uint32_t> draws = {0xFFFF'0000, 0x0002, 0x0046, 0x008A, 0x00CE,
                                         0xABCD'0113, 0x0156, 0x019A, 0x01DE};
-    std::size_t Drawn = 0;
+    std::size_t drawn = 0;
 };
 
 }  // namespace
@@ -25,20 +25,20 @@ TEST_F(RandomNumbers, ArePutTogetherFromEightSamples) {
     constexpr std::int64_t kSamples = (0x01'2345'6789'ABCD << 7) | 0x6F;
     EXPECT_EQ(t_Random(0), 0);
     EXPECT_EQ(t_Random(std::numeric_limits<std::int64_t>::max()), kSamples);
-    EXPECT_EQ(Drawn, 9U);
+    EXPECT_EQ(drawn, 9U);
     EXPECT_EQ(t_Random(999'999), kSamples % 1'000'000);
     EXPECT_EQ(t_Random(0), kSamples % 1'000'000);
-    EXPECT_EQ(Drawn, 18U);
+    EXPECT_EQ(drawn, 18U);
 }
 
 TEST_F(RandomNumbers, GiveUpAfterAHundredDrawsOfASample) {
-    Draws = {0};
+    draws = {0};
     EXPECT_EQ(t_Random(5), 0);
-    EXPECT_EQ(Drawn, 800U);
+    EXPECT_EQ(drawn, 800U);
     desktop.StartTime = 0;
-    Draws = {0xFFFF};
+    draws = {0xFFFF};
     EXPECT_EQ(t_Random(5), 0);
-    EXPECT_EQ(Drawn, 1600U);
+    EXPECT_EQ(drawn, 1600U);
 }
 
 TEST_F(RandomNumbers, StayWithinTheirBound) {

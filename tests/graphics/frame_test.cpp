@@ -1,6 +1,6 @@
 #include "toolkit/graphics/frame.h"
 
-#include <algorithm>
+#include <array>
 
 #include "tests/support/fixture.h"
 #include "tests/support/random.h"
@@ -14,7 +14,7 @@ namespace {
 class Frames : public WindowTest {
   protected:
     void OpenSize(std::int64_t depth, std::int64_t width, std::int64_t height) {
-        t_InitWindow(0, depth, true, width, height, 0, 0, t_Font(), true);
+        t_InitWindow(0, depth, true, width, height, 0, 0, EmptyFont(), true);
         t_WindowFront(0);
         desktop.ClearPrinted();
     }
@@ -74,18 +74,11 @@ TEST(Palette, HoldsTheSixteenColors) {
 }
 
 TEST_F(Frames, ShowEveryByteAtEveryDepthInBothPixelOrders) {
-    for (const auto& [depth, width, height] : {std::array{1, 2048, 32},
-                                               {1, 40, 33},
-                                               {4, 512, 32},
-                                               {4, 36, 33},
-                                               {8, 33, 33},
-                                               {8, 47, 100},
-                                               {16, 33, 33},
-                                               {16, 47, 100},
-                                               {24, 33, 33},
-                                               {24, 47, 100},
-                                               {32, 33, 33},
-                                               {32, 47, 100}}) {
+    using Size = std::array<int, 3>;
+    for (const auto& [depth, width, height] :
+         {Size{1, 2048, 32}, Size{1, 40, 33}, Size{4, 512, 32}, Size{4, 36, 33}, Size{8, 33, 33},
+          Size{8, 47, 100}, Size{16, 33, 33}, Size{16, 47, 100}, Size{24, 33, 33},
+          Size{24, 47, 100}, Size{32, 33, 33}, Size{32, 47, 100}}) {
         OpenSize(depth, width, height);
         Fill();
         for (const PixelOrder order :
@@ -102,14 +95,18 @@ TEST_F(Frames, ShowEveryByteAtEveryDepthInBothPixelOrders) {
 TEST_F(Frames, NeverReadOutsideTheMemoryWhateverTheRecordSays) {
     Random random;
     const std::int64_t memory = toolkit::kMemorySize;
+    for (const std::int64_t start : {INT64_C(0x10000), memory - 100'000}) {
+        toolkit::WriteRun(start, random.Bytes(100'000));
+    }
     int frames = 0;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 2000; ++i) {
         w.BitDepth = random.OneOf({1, 4, 8, 16, 24, 32});
         w.Width = random.OneOf({32, 33, 40, 64, 1, 0, -1, 8192, 8193, INT64_MAX, INT64_MIN});
-        w.Height = random.OneOf({32, 33, 50, 1, 0, -8, 200, 8193, INT64_MAX});
+        w.Height = random.OneOf({32, 33, 50, 1, 0, -8, 8193, INT64_MAX});
         const std::int64_t bits = toolkit::Times(toolkit::Times(w.Width, w.Height), w.BitDepth);
-        w.MemoryStart = random.OneOf({memory - bits / 8, memory - bits / 8 + 1, 0, -1, memory,
-                                      INT64_MAX, INT64_MIN, memory - 1, 0x10000});
+        w.MemoryStart =
+            random.OneOf({memory - bits / 8, (memory - bits / 8) / 16 * 16, memory - bits / 8 + 1,
+                          0, -1, memory, INT64_MAX, INT64_MIN, memory - 1, 0x10000});
         const bool sane = w.Width >= 1 && w.Width <= 8192 && w.Height >= 1 && w.Height <= 8192 &&
                           bits % 8 == 0 && w.MemoryStart >= 0 && w.MemoryStart <= memory - bits / 8;
         const std::optional<Picture> picture = t_WindowImage(0);

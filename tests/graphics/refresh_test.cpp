@@ -17,7 +17,9 @@ class Refreshing : public WindowTest {
             look();
             if (toolkit::Milliseconds() >= end) t_AutoUpdateRunning = false;
         };
-        return Printed(t_WindowAutoUpdateProcess);
+        const std::string printed = Printed(t_WindowAutoUpdateProcess);
+        desktop.OnSleep = nullptr;
+        return printed;
     }
 
     // Whether window `n` was asked for a frame since the last call.

@@ -102,9 +102,9 @@ class Glyphs : public WindowTest {
         t_Font font = random.GreyFont(width, height);
         font.Start = static_cast<std::uint8_t>(random.Between(0, 40));
         font.End = static_cast<std::uint8_t>(random.Between(80, 255));
-        if (random.Coin()) {
-            font.Data.resize(static_cast<std::size_t>(random.Between(1, std::ssize(font.Data))));
-        }
+        // All data, or only some glyphs' and maybe one pixel less.
+        const std::int64_t some = random.Between(1, 256) * width * height - random.Between(0, 1);
+        if (random.Coin()) font.Data.resize(static_cast<std::size_t>(some));
         return font;
     }
 
@@ -129,8 +129,10 @@ TEST_F(Glyphs, AreDrawnPixelByPixelAndStayInTheirWindow) {
         for (int i = 0; i < 300; ++i) {
             if (i % 10 == 0) t_WindowFont(1, AnyFont());
             w.TextInverse = random.Coin();
-            const std::uint8_t symbol = random.Byte();
-            const std::uint8_t color = random.Byte();
+            const std::int64_t glyphs = std::ssize(w.Font.Data) / (w.Font.Width * w.Font.Height);
+            const auto symbol =
+                static_cast<std::uint8_t>(random.OneOf({random.Byte(), glyphs - 1, glyphs}));
+            const auto color = static_cast<std::uint8_t>(random.OneOf({random.Byte(), 0xF0, 0xA5}));
             const std::int64_t column = random.Between(0, w.Width / w.Font.Width + 1);
             const std::int64_t line = random.Between(0, w.Height / w.Font.Height + 1);
             const bool fits = column >= 1 && line >= 1 && column * w.Font.Width <= w.Width &&
@@ -167,7 +169,7 @@ TEST_F(Glyphs, NeedAFontAndACellOfThePicture) {
     for (const std::int64_t column : {INT64_MIN, INT64_C(-1), INT64_C(9), INT64_MAX}) {
         EXPECT_EQ(Printed([&] { t_PrintSymbol(1, 65, 0xF0, column, 2); }), Outside(column, 2));
     }
-    t_WindowFont(1, t_Font());
+    t_WindowFont(1, EmptyFont());
     EXPECT_EQ(Printed([] { t_PrintSymbol(1, 65, 0xF0, 1, 1); }),
               "t_PrintSymbol: Window #1 not initialized.\n");
 }

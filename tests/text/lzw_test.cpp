@@ -66,7 +66,7 @@ TEST(CompressedCodes, DecodeAsWithADictionaryOfStrings) {
         const std::int64_t singles = random.Between(1, 4);  // few, so that entries are reused
         for (std::int64_t i = -1, length = random.Between(0, 80); i < length; ++i) {
             const std::int64_t next = 256 + i;
-            const bool single = i < 1 || random.Between(0, 3) == 0;
+            const bool single = i < 0 || random.Between(0, 3) == 0;
             codes.push_back(single ? random.Between(0, singles) : random.Between(256, next));
             if (!onlyKnown && random.Between(0, 60) == 0) {
                 codes.back() = next + random.Between(-600, 2);

@@ -165,7 +165,7 @@ TEST_F(Printing, GoesToStandardOutputOrNowhereWhenRedirected) {
     EXPECT_EQ(w.TextVpos, 2);  // moved by the characters alone
     EXPECT_EQ(ScreenText(0), kEmpty);
     EXPECT_EQ(PictureBytes(0), picture);
-    t_WindowFont(0, t_Font());
+    t_WindowFont(0, EmptyFont());
     for (const char* const string : {"AB\r", ""}) {
         EXPECT_EQ(Printed([&] { t_Print(0, string); }), "t_Print: Window #0 has no text font.\n");
     }

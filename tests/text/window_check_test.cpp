@@ -91,7 +91,7 @@ TEST_F(WindowCheck, NamesNumbersFromEightOnAndWindowsThatAreNotSetUp) {
 }
 
 TEST_F(WindowCheck, LetsWindowsWithoutTextBlockDoWhatNeedsNone) {
-    t_InitWindow(3, 24, true, 64, 32, 0, 0, t_Font(), true);
+    t_InitWindow(3, 24, true, 64, 32, 0, 0, EmptyFont(), true);
     for (const Operation& operation : kOperations) {
         EXPECT_EQ(Printed([&] { operation.Run(3); }),
                   operation.NeedsTextBlock

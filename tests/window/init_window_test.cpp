@@ -200,6 +200,7 @@ TEST_F(InitWindow, UsesTheMemoryToTheLastByteAboveTheReservedOnes) {
     const std::pair<std::int64_t, std::string> rows[] = {
         {2048 + 64, "* : 64 x 32 pixel x 8 bit = 2,00K video-memory = $00010000.\n* End.\n"},
         {2048 + 63, "* has not enough text-video-memory (0K available).\n" + text},
+        {2048, "* has not enough text-video-memory (0K available).\n" + text},
         {2047, "* has not enough graphic-video-memory (1K available).\n" + graphic},
         {-1000, "* has not enough graphic-video-memory (0K available).\n" + graphic},
         {-1500, "* has not enough graphic-video-memory (-1K available).\n" + graphic},
