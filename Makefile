@@ -2,7 +2,7 @@
 
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench check asan tsan format tidy resources clean
+.PHONY: run test bench check tidy asan tsan format resources clean
 
 # Installs what is missing, builds and starts the game.
 run:
@@ -33,7 +33,12 @@ asan tsan:
 	cmake --build --preset $@ -j $(JOBS)
 	ctest --preset $@ -j $(JOBS)
 
-# Style: formatting, clang-tidy, include directions, headers that compile alone.
+# A build by clang and clang-tidy over everything; takes long.
+tidy:
+	@tools/setup.sh check
+	tools/check_deep.sh
+
+# Style: formatting, include directions, headers that compile alone.
 check:
 	@tools/setup.sh check
 	tools/check_style.sh
