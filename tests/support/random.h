@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <random>
@@ -26,14 +27,18 @@ class Random {
         return bytes;
     }
 
-    /// A font that draws every code, pixel by pixel in any grey.
+    /// A font that draws every code, in runs of pixels without ink, with full ink and in any grey.
     t_Font GreyFont(std::int64_t width, std::int64_t height) {
         t_Font font;
         font.Format = 2;
         font.End = 255;
         font.Width = width;
         font.Height = height;
-        font.Data = Bytes(256 * width * height);
+        const std::size_t size = static_cast<std::size_t>(256 * width * height);
+        while (font.Data.size() < size) {
+            font.Data.resize(std::min(size, font.Data.size() + Between(1, 12)),
+                             static_cast<std::uint8_t>(OneOf({0, 255, Byte()})));
+        }
         return font;
     }
 

@@ -103,7 +103,7 @@ class Glyphs : public WindowTest {
         font.Start = static_cast<std::uint8_t>(random.Between(0, 40));
         font.End = static_cast<std::uint8_t>(random.Between(80, 255));
         // All data, or only some glyphs' and maybe one pixel less.
-        const std::int64_t some = random.Between(1, 256) * width * height - random.Between(0, 1);
+        const std::int64_t some = random.Between(2, 256) * width * height - random.Between(0, 1);
         if (random.Coin()) font.Data.resize(static_cast<std::size_t>(some));
         return font;
     }
@@ -169,6 +169,10 @@ TEST_F(Glyphs, NeedAFontAndACellOfThePicture) {
     for (const std::int64_t column : {INT64_MIN, INT64_C(-1), INT64_C(9), INT64_MAX}) {
         EXPECT_EQ(Printed([&] { t_PrintSymbol(1, 65, 0xF0, column, 2); }), Outside(column, 2));
     }
+    const Model before;
+    t_Windows[1].Height = 8192;  // more than its block holds
+    t_PrintSymbol(1, 65, 0xF0, 1, 10);
+    EXPECT_EQ(Model(), before);
     t_WindowFont(1, EmptyFont());
     EXPECT_EQ(Printed([] { t_PrintSymbol(1, 65, 0xF0, 1, 1); }),
               "t_PrintSymbol: Window #1 not initialized.\n");

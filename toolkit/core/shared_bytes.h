@@ -50,7 +50,9 @@ inline void StoreWord(std::uint8_t* at, Word value) {
 /// `at` is a multiple of 16.
 inline Bytes16 Load16(const std::uint8_t* at) {
     Bytes16 bytes;
-    asm volatile("movdqa (%1), %0" : "=x"(bytes) : "r"(at));
+    asm volatile("movdqa %1, %0"
+                 : "=x"(bytes)
+                 : "m"(*reinterpret_cast<const std::uint8_t(*)[16]>(at)));
     return bytes;
 }
 
