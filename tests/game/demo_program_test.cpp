@@ -218,6 +218,7 @@ TEST_F(Game, PausesAsTypedAndPlaysAgainWhenAsked) {
         last = desktop.Now();
         const char* const typed[] = {"J", " ", "\x1B"};  // other keys do nothing
         Type(typed[frames++ % 3]);
+        if (frames % 3 == 0) Score = 99;  // of which the next demonstration knows nothing
     };
     Play({"\r", kClear + "1234\r", kClear + "-5\r\x1B", kClear + "\r\x1B", "9\r"},
          {"\r", " ", "j", "Y", "\x1B"}, keys);

@@ -18,6 +18,7 @@ class LineEditor : public WindowTest {
     void WhenAskedPress(const std::string& keys) {
         desktop.OnSleep = [this, keys, next = std::size_t{0}]() mutable {
             EXPECT_EQ(w.TextCursorLevel, 1);
+            EXPECT_EQ(w.TextHpos, w.InputHpos + w.InputCursorPos);
             ASSERT_LT(next, keys.size());
             View(0).Press({36, keys.substr(next++, 1), 0});
         };
@@ -128,6 +129,7 @@ TEST_F(LineEditor, WaitingTakesTheNextEventThatIsAKey) {
     EXPECT_EQ(t_WaitKey(0), "\0"s);
     EXPECT_EQ(t_WaitKey(0), "\0"s);
     EXPECT_EQ(t_WaitKey(0), "€");
+    w.InputHpos = w.TextHpos;
     WhenAskedPress("q");
     EXPECT_EQ(t_WaitKey(0), "q");
     desktop.OnSleep = [] { Type("k"); };

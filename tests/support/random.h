@@ -34,9 +34,10 @@ class Random {
         font.End = 255;
         font.Width = width;
         font.Height = height;
-        const std::size_t size = static_cast<std::size_t>(256 * width * height);
-        while (font.Data.size() < size) {
-            font.Data.resize(std::min(size, font.Data.size() + Between(1, 12)),
+        const std::int64_t size = 256 * width * height;
+        while (std::ssize(font.Data) < size) {
+            const std::int64_t end = std::min(size, std::ssize(font.Data) + Between(1, 12));
+            font.Data.resize(static_cast<std::size_t>(end),
                              static_cast<std::uint8_t>(OneOf({0, 255, Byte()})));
         }
         return font;

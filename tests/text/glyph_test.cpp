@@ -132,7 +132,7 @@ TEST_F(Glyphs, AreDrawnPixelByPixelAndStayInTheirWindow) {
             const std::int64_t glyphs = std::ssize(w.Font.Data) / (w.Font.Width * w.Font.Height);
             const auto symbol =
                 static_cast<std::uint8_t>(random.OneOf({random.Byte(), glyphs - 1, glyphs}));
-            const auto color = static_cast<std::uint8_t>(random.OneOf({random.Byte(), 0xF0, 0xA5}));
+            const std::uint8_t color = random.Byte();
             const std::int64_t column = random.Between(0, w.Width / w.Font.Width + 1);
             const std::int64_t line = random.Between(0, w.Height / w.Font.Height + 1);
             const bool fits = column >= 1 && line >= 1 && column * w.Font.Width <= w.Width &&
@@ -141,6 +141,21 @@ TEST_F(Glyphs, AreDrawnPixelByPixelAndStayInTheirWindow) {
             EXPECT_EQ(Printed([&] { t_PrintSymbol(1, symbol, color, column, line); }),
                       fits ? "" : Outside(column, line));
             ASSERT_EQ(Model(), model) << depth << " bits, step " << i;
+        }
+    }
+}
+
+TEST_F(Glyphs, MixEveryGreyInEveryPairOfColors) {
+    t_Font ramp = TestFont();
+    ramp.Width = ramp.Height = 16;
+    for (std::size_t i = 0; i < 256; ++i) ramp.Data[i] = static_cast<std::uint8_t>(i);
+    for (const std::int64_t depth : {1, 4, 8, 16, 24, 32}) {
+        Open(1, depth, 4, 4, ramp);
+        Model model;
+        for (int color = 0; color < 256; ++color) {
+            model.Draw(t_Windows[1], 0, static_cast<std::uint8_t>(color), 2, 2);
+            t_PrintSymbol(1, 0, static_cast<std::uint8_t>(color), 2, 2);
+            ASSERT_EQ(Model(), model) << depth << " bits, " << color;
         }
     }
 }
