@@ -38,4 +38,12 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
+/// Rows of a picture, counted from 0 at its top: those from First on that come before End.
+struct Rows {
+    std::int64_t First = 0;
+    std::int64_t End = 0;
+
+    bool operator==(const Rows&) const = default;
+};
+
 }  // namespace platform

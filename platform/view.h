@@ -18,13 +18,14 @@ class Canvas {
   public:
     virtual ~Canvas() = default;
 
-    /// The picture to fill. Its `Order` is the one that the screen wants; whoever fills it keeps
-    /// that order, sets the size and fits the bytes to it.
+    /// The picture to fill; it holds what was filled in last. Its `Order` is the one that the
+    /// screen wants; whoever fills it keeps that order, sets the size and fits the bytes to it.
     virtual Picture& Buffer() = 0;
 
-    /// Shows the buffer, scaled to fill the view. The view goes on showing it, also when it is
-    /// uncovered later, until another picture is shown.
-    virtual void Show() = 0;
+    /// Shows the buffer, scaled to fill the view. `changed` are the rows that differ from what it
+    /// held before, all of them after a change of its size. The view goes on showing it, also when
+    /// it is uncovered later, until another picture is shown.
+    virtual void Show(const Rows& changed) = 0;
 };
 
 /// What a view asks of the toolkit.

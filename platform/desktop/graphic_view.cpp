@@ -1,7 +1,9 @@
 #include "platform/desktop/graphic_view.h"
 
 #include <QtGui/QPainter>
+#include <QtGui/QWindow>
 #include <cmath>
+#include <utility>
 
 #include "platform/desktop/graphic_window.h"
 #include "platform/desktop/view_widget.h"
@@ -32,16 +34,26 @@ GraphicView::GraphicView(GraphicWindow& window, ViewClient& client, const Rect& 
     picture_.Order = kNativeWordOrder;
 }
 
+// The pass comes before the paint event and not with it: only so can the event be one for the rows
+// that changed. A window that cannot be seen is asked when it is uncovered.
 void GraphicView::SetNeedsDisplay() {
     needsDisplay_ = true;
-    if (widget_ != nullptr) widget_->update();
+    if (widget_ != nullptr && !std::exchange(passPosted_, true)) {
+        QMetaObject::invokeMethod(
+            widget_, [this] { MakePass(); }, Qt::QueuedConnection);
+    }
 }
 
 void GraphicView::Display() {
-    SetNeedsDisplay();
+    needsDisplay_ = true;
     if (widget_ == nullptr || asking_) return;
     window_.WaitForExposure();
-    if (needsDisplay_) widget_->repaint();  // does nothing while nothing of the window is exposed
+    if (needsDisplay_ && IsExposed()) widget_->repaint(AskClient());
+}
+
+void GraphicView::MakePass() {
+    passPosted_ = false;
+    if (needsDisplay_ && !asking_ && IsExposed()) widget_->update(AskClient());
 }
 
 Window* GraphicView::HostWindow() {
@@ -65,24 +77,43 @@ void GraphicView::MakeWidget(QWidget& content) {
 }
 
 void GraphicView::Paint(QWidget& widget) {
-    if (needsDisplay_ && !asking_) AskClient();
+    if (needsDisplay_ && !asking_) widget.update(AskClient());
     DrawPicture(widget);
 }
 
-void GraphicView::AskClient() {
+// Where the picture changed.
+QRect GraphicView::AskClient() {
     needsDisplay_ = false;
     asking_ = true;
+    changed_ = QRect();
     if (client_.wantsUpdateLayer()) {
         client_.updateLayer(*this);
     } else {
         client_.drawRect({0, 0, frame_.Width, frame_.Height}, *this);
     }
     asking_ = false;
+    if (needsDisplay_) SetNeedsDisplay();  // asked for meanwhile
+    return changed_;
 }
 
-void GraphicView::Show() {
-    shown_ = true;
+void GraphicView::Show(const Rows& changed) {
+    if (std::exchange(shown_, true) && changed == Rows{}) return;
     scaledIsOld_ = true;
+    changed_ = PlaceOf(changed);
+}
+
+bool GraphicView::IsExposed() const {
+    const QWindow* const native = widget_->window()->windowHandle();
+    return native != nullptr && native->isExposed();
+}
+
+// Where rows of the picture are seen. A row of the widget may show parts of the picture's rows
+// beside its own.
+QRect GraphicView::PlaceOf(const Rows& rows) const {
+    const double scale = widget_->height() / static_cast<double>(picture_.Height);
+    const int top = static_cast<int>(std::floor(static_cast<double>(rows.First) * scale)) - 1;
+    const int bottom = static_cast<int>(std::ceil(static_cast<double>(rows.End) * scale)) + 1;
+    return {0, top, widget_->width(), bottom - top};
 }
 
 bool GraphicView::HasPicture() const {

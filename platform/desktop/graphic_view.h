@@ -26,14 +26,17 @@ class GraphicView : public View, private Canvas {
     /// Makes the widget inside the window's content.
     void MakeWidget(QWidget& content);
 
-    /// One paint event of the widget: a display pass when one was asked for, and the picture.
+    /// One paint event of the widget: a display pass when one is still due, and the picture.
     void Paint(QWidget& widget);
 
   private:
     Picture& Buffer() override { return picture_; }
-    void Show() override;
+    void Show(const Rows& changed) override;
 
-    void AskClient();
+    void MakePass();
+    QRect AskClient();
+    [[nodiscard]] QRect PlaceOf(const Rows& rows) const;
+    [[nodiscard]] bool IsExposed() const;
     void DrawPicture(QWidget& widget);
     void DrawSharp(QWidget& widget, const QSize& devicePixels);
     [[nodiscard]] bool HasPicture() const;
@@ -46,7 +49,9 @@ class GraphicView : public View, private Canvas {
     Picture picture_;
     bool shown_ = false;        // picture_ is to be seen
     bool needsDisplay_ = true;  // the client is asked at the next pass
+    bool passPosted_ = false;   // MakePass will be called
     bool asking_ = false;       // the client is being asked
+    QRect changed_;             // by the client's answer, in the widget
     SharpScaler scaler_;
     QImage scaled_;  // picture_ in device pixels, for factors that are not whole
     bool scaledIsOld_ = true;

@@ -77,7 +77,7 @@ class HeadlessView final : public View, private Canvas {
 
   private:
     Picture& Buffer() override { return buffer_; }
-    void Show() override { Shown = buffer_; }
+    void Show(const Rows& /*changed*/) override { Shown = buffer_; }
 
     HeadlessWindow& window_;
     Rect frame_;

@@ -156,6 +156,31 @@ TEST_F(Frames, NoteTheirTimesAndReuseTheirBuffer) {
     EXPECT_EQ(picture.Bytes.size(), 50U * 40 * 4);
 }
 
+TEST_F(Frames, TellWhichRowsChanged) {
+    Random random;
+    Picture picture;
+    for (const std::int64_t depth : {1, 4, 8, 16, 24, 32}) {
+        OpenSize(depth, 520, 64);
+        EXPECT_EQ(t_WindowImage(0, picture), (platform::Rows{0, 64}));
+        EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
+        for (int i = 0; i < 100; ++i) {
+            const Picture before = picture;
+            const std::int64_t bytes = w.Width * w.Height * depth / 8;
+            for (std::int64_t n = random.Between(1, 3); n > 0; --n) {
+                toolkit::Poke(w.MemoryStart + random.Between(0, bytes - 1), random.Byte());
+            }
+            const platform::Rows changed = t_WindowImage(0, picture).value();
+            ASSERT_EQ(picture, Expected(w, picture.Order));
+            for (std::int64_t y = 0; y < 64; ++y) {
+                if (y >= changed.First && y < changed.End) continue;
+                const auto row = before.Bytes.begin() + 4 * 520 * y;
+                ASSERT_TRUE(std::equal(row, row + 4 * 520, picture.Bytes.begin() + 4 * 520 * y));
+            }
+            ASSERT_EQ(changed == platform::Rows{}, picture == before);
+        }
+    }
+}
+
 TEST_F(Frames, SnapshotsAreMadeOfWindowsWithAView) {
     EXPECT_EQ(t_WindowSnapshot(0), t_WindowImage(0));
     EXPECT_TRUE(t_WindowSnapshot(0).has_value());

@@ -11,7 +11,9 @@ class WatchingCanvas final : public platform::Canvas {
         Seen += t_Windows[n_].VerticalBlank ? "build in blank" : "build";
         return picture_;
     }
-    void Show() override { Seen += t_Windows[n_].VerticalBlank ? ", show in blank" : ", show"; }
+    void Show(const platform::Rows& /*changed*/) override {
+        Seen += t_Windows[n_].VerticalBlank ? ", show in blank" : ", show";
+    }
 
     std::string Seen;
 

@@ -1,5 +1,7 @@
 #include "toolkit/graphics/frame.h"
 
+#include <algorithm>
+#include <cstring>
 #include <new>
 #include <string>
 #include <string_view>
@@ -13,6 +15,7 @@
 #include "toolkit/window/window.h"
 
 using platform::Picture;
+using platform::Rows;
 using toolkit::PrintLine;
 
 namespace {
@@ -50,6 +53,7 @@ void ReportIllegalBitDepth(const Snapshot& s) {
     for (std::int64_t y = 0; y < s.Height; ++y) toolkit::PrintPiece(row);
 }
 
+// Without memory for the picture: false, and it is as it was.
 bool Fit(Picture& picture, const Snapshot& s) try {
     const auto bytes = static_cast<std::size_t>(s.Pixels() * 4);
     if (picture.Bytes.size() != bytes) picture.Bytes.resize(bytes);
@@ -61,29 +65,53 @@ bool Fit(Picture& picture, const Snapshot& s) try {
     return false;
 }
 
+// Pixels that are turned at a time: a multiple of 16, few enough for the nearest cache.
+constexpr std::int64_t kChunk = 1024;
+
+// Rows follow each other without a gap on both sides: block and picture are one run of pixels. The
+// picture is written only where it changes: reading it first costs no more than writing it would.
+Rows Turn(const Snapshot& s, toolkit::PixelConverter convert, Picture& picture) {
+    alignas(16) std::uint8_t chunk[4 * kChunk];
+    std::int64_t first = s.Pixels();
+    std::int64_t end = 0;
+    for (std::int64_t at = 0; at < s.Pixels(); at += kChunk) {
+        const std::int64_t count = std::min(kChunk, s.Pixels() - at);
+        const auto bytes = static_cast<std::size_t>(4 * count);
+        convert(t_Memory.data() + s.Start + at * s.BitDepth / 8, chunk, count);
+        std::uint8_t* const place = picture.Bytes.data() + 4 * at;
+        if (std::memcmp(place, chunk, bytes) == 0) continue;
+        std::memcpy(place, chunk, bytes);
+        first = std::min(first, at);
+        end = at + count;
+    }
+    if (end == 0) return {};
+    return {first / s.Width, (end + s.Width - 1) / s.Width};
+}
+
 }  // namespace
 
-bool t_WindowImage(std::uint8_t window, Picture& picture) {
-    if (!t_ToolsReady || window >= toolkit::kGraphicWindows) return false;
+std::optional<Rows> t_WindowImage(std::uint8_t window, Picture& picture) {
+    if (!t_ToolsReady || window >= toolkit::kGraphicWindows) return std::nullopt;
     t_Window& w = t_Windows[window];
     if (!w.Initialized) {
         PrintLine("t_WindowImage: Graphic window #", window, " not initialized.");
-        return false;
+        return std::nullopt;
     }
-    if (!w.Visible) return false;
+    if (!w.Visible) return std::nullopt;
     const std::int64_t started = toolkit::Microseconds();
     const Snapshot snapshot(w);
     const toolkit::PixelConverter convert = toolkit::ConverterFor(snapshot.BitDepth, picture.Order);
     if (convert == nullptr) {
         ReportIllegalBitDepth(snapshot);
-        return false;
+        return std::nullopt;
     }
-    if (!snapshot.InMemory() || !Fit(picture, snapshot)) return false;
-    // Rows follow each other without a gap on both sides: the picture is one run of pixels.
-    convert(t_Memory.data() + snapshot.Start, picture.Bytes.data(), snapshot.Pixels());
+    if (!snapshot.InMemory()) return std::nullopt;
+    const bool sameSize = picture.Width == snapshot.Width && picture.Height == snapshot.Height;
+    if (!Fit(picture, snapshot)) return std::nullopt;
+    const Rows changed = Turn(snapshot, convert, picture);
     w.UpdateDuration = toolkit::Microseconds() - started;
     w.UpdateFinished = toolkit::Milliseconds();
-    return true;
+    return sameSize ? changed : Rows{0, snapshot.Height};
 }
 
 std::optional<Picture> t_WindowImage(std::uint8_t window) {

@@ -14,7 +14,9 @@ bool GraphicView::wantsUpdateLayer() {
 }
 
 void GraphicView::ShowFrame(platform::Canvas& canvas) {
-    if (t_ToolsReady && t_WindowImage(window_, canvas.Buffer())) canvas.Show();
+    if (!t_ToolsReady) return;
+    const std::optional<platform::Rows> changed = t_WindowImage(window_, canvas.Buffer());
+    if (changed) canvas.Show(*changed);
 }
 
 void GraphicView::keyDown(const platform::KeyPress& press) {
