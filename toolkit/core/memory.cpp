@@ -228,7 +228,9 @@ bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value) {
 
 bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) {
     if (!InMemory(source, count) || !InMemory(destination, count)) return false;
-    if ((source - destination) % kVector != 0) {
+    if (source >= destination && HasFastStrings()) {
+        MoveString(t_Memory.data() + source, t_Memory.data() + destination, count);
+    } else if ((source - destination) % kVector != 0) {
         MoveInChunks(source, destination, count);
     } else if (source >= destination) {
         MoveUpwards(t_Memory.data() + source, t_Memory.data() + destination,

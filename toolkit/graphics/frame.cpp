@@ -1,7 +1,6 @@
 #include "toolkit/graphics/frame.h"
 
 #include <algorithm>
-#include <cstring>
 #include <new>
 #include <string>
 #include <string_view>
@@ -65,22 +64,18 @@ bool Fit(Picture& picture, const Snapshot& s) try {
     return false;
 }
 
-// Pixels that are turned at a time: a multiple of 16, few enough for the nearest cache.
-constexpr std::int64_t kChunk = 1024;
-
-// Rows follow each other without a gap on both sides: block and picture are one run of pixels. The
-// picture is written only where it changes: reading it first costs no more than writing it would.
+// Rows follow each other without a gap on both sides: block and picture are one run of pixels,
+// which is turned in pieces so as to learn where it changes.
 Rows Turn(const Snapshot& s, toolkit::PixelConverter convert, Picture& picture) {
-    alignas(16) std::uint8_t chunk[4 * kChunk];
-    std::int64_t first = s.Pixels();
+    constexpr std::int64_t kPiece = 1024;  // pixels, a multiple of 128 for aligned sources
+    const std::uint8_t* const source = t_Memory.data() + s.Start;
+    const std::int64_t pixels = s.Pixels();
+    std::int64_t first = pixels;
     std::int64_t end = 0;
-    for (std::int64_t at = 0; at < s.Pixels(); at += kChunk) {
-        const std::int64_t count = std::min(kChunk, s.Pixels() - at);
-        const auto bytes = static_cast<std::size_t>(4 * count);
-        convert(t_Memory.data() + s.Start + at * s.BitDepth / 8, chunk, count);
+    for (std::int64_t at = 0; at < pixels; at += kPiece) {
+        const std::int64_t count = std::min(kPiece, pixels - at);
         std::uint8_t* const place = picture.Bytes.data() + 4 * at;
-        if (std::memcmp(place, chunk, bytes) == 0) continue;
-        std::memcpy(place, chunk, bytes);
+        if (!convert(source + at * s.BitDepth / 8, place, count)) continue;
         first = std::min(first, at);
         end = at + count;
     }

@@ -1,6 +1,7 @@
 #include "toolkit/graphics/pixel_rows.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -10,7 +11,8 @@
 
 // Every depth has one plain loop, right on every machine. The depths from 8 bits on also have one
 // that takes 16 pixels at a time: each four pixels of the result are one shuffle of source bytes,
-// which x86 has from SSSE3 on.
+// which x86 has from SSSE3 on. All compare while they write: reading what stands there costs
+// nothing beside the memory traffic of writing it.
 
 namespace toolkit {
 
@@ -59,13 +61,35 @@ constexpr auto kPixelsOf1Bit = TableOf1Bit<Order>();
 template <PixelOrder Order>
 constexpr auto kPixelsOf4Bits = TableOf4Bits<Order>();
 
-template <const auto& Table>
-void FromTable(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    constexpr std::size_t kEntry = sizeof(Table[0]);
-    for (std::int64_t left = count * 4; left > 0; left -= std::int64_t{kEntry}) {
-        std::memcpy(pixels, &Table[LoadByte(source++)], kEntry);
-        pixels += kEntry;
+// Writes a unit and returns in which bits it differs from what was there.
+template <typename Unit>
+Unit Put(const Unit& fresh, std::uint8_t* place) {
+    Unit old;
+    std::memcpy(&old, place, sizeof old);
+    std::memcpy(place, &fresh, sizeof fresh);
+    return old ^ fresh;
+}
+
+template <typename Unit>
+bool IsAnySet(const Unit& bits) {
+    constexpr Unit kNone{};
+    return std::memcmp(&bits, &kNone, sizeof bits) != 0;
+}
+
+// The entries of a table are so many units long.
+template <typename Unit, const auto& Table>
+bool FromTable(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
+    constexpr std::size_t kUnits = sizeof(Table[0]) / sizeof(Unit);
+    Unit differences{};
+    for (std::int64_t left = count * 4; left > 0; left -= std::int64_t{sizeof(Table[0])}) {
+        Unit entry[kUnits];
+        std::memcpy(entry, &Table[LoadByte(source++)], sizeof entry);
+        for (const Unit& unit : entry) {
+            differences |= Put(unit, pixels);
+            pixels += sizeof unit;
+        }
     }
+    return IsAnySet(differences);
 }
 
 // Where red, green and blue of a pixel of that many source bytes lie.
@@ -83,13 +107,15 @@ using Layout24 = Layout<3, 0, 1, 2>;
 using Layout32 = Layout<4, 1, 2, 3>;
 
 template <typename From, PixelOrder Order>
-void Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
+bool Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
+    std::uint32_t differences = 0;
     for (; count > 0; --count, source += From::kBytes, pixels += 4) {
         const Pixel pixel =
             PixelOf<Order>(LoadByte(source + From::kRed), LoadByte(source + From::kGreen),
                            LoadByte(source + From::kBlue));
-        std::memcpy(pixels, pixel.data(), pixel.size());
+        differences |= Put(std::bit_cast<std::uint32_t>(pixel), pixels);
     }
+    return differences != 0;
 }
 
 #if defined(__x86_64__)
@@ -125,21 +151,24 @@ KORVANDI_SHUFFLES inline Bytes16 FourPixels(const Bytes16* vectors, std::index_s
 }
 
 template <typename From, PixelOrder Order>
-KORVANDI_SHUFFLES void Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
+KORVANDI_SHUFFLES bool Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
                                 std::int64_t count) {
     if (reinterpret_cast<std::uintptr_t>(source) % 16 != 0) {
         return Plain<From, Order>(source, pixels, count);
     }
     constexpr auto kAll = std::make_index_sequence<16>();
+    Bytes16 differences{};
     for (; count >= 16; count -= 16, source += 16 * From::kBytes, pixels += 64) {
         Bytes16 vectors[From::kBytes];
         for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
         const Bytes16 finished[] = {
             FourPixels<From, Order, 0>(vectors, kAll), FourPixels<From, Order, 1>(vectors, kAll),
             FourPixels<From, Order, 2>(vectors, kAll), FourPixels<From, Order, 3>(vectors, kAll)};
-        std::memcpy(pixels, finished, sizeof finished);
+        for (int q = 0; q < 4; ++q)
+            differences |= Put(finished[q], pixels + std::ptrdiff_t{16} * q);
     }
-    Plain<From, Order>(source, pixels, count);
+    const bool restDiffers = Plain<From, Order>(source, pixels, count);
+    return IsAnySet(differences) || restDiffers;
 }
 
 #undef KORVANDI_SHUFFLES
@@ -162,9 +191,9 @@ template <PixelOrder Order>
 PixelConverter Converter(std::int64_t bitDepth) {
     switch (bitDepth) {
         case 1:
-            return FromTable<kPixelsOf1Bit<Order>>;
+            return FromTable<Bytes16, kPixelsOf1Bit<Order>>;
         case 4:
-            return FromTable<kPixelsOf4Bits<Order>>;
+            return FromTable<Word, kPixelsOf4Bits<Order>>;
         case 8:
             return Fastest<Layout8, Order>();
         case 16:
