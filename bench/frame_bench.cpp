@@ -5,6 +5,7 @@
 
 #include "bench/ratio_table.h"
 #include "bench/screen.h"
+#include "toolkit/core/output.h"
 #include "toolkit/toolkit.h"
 
 namespace {
@@ -17,24 +18,37 @@ struct Frames {
     std::vector<std::uint8_t> Copy;
 };
 
-// Window 0 at this depth, filled with bytes that are not all alike.
+// How far the picture moves in the memory from frame to frame, so that all of it changes.
+constexpr std::int64_t kStep = 4800;
+
+// Window 0 at this depth, it and the bytes below it filled with bytes that are not all alike.
 void Prepare(std::int64_t bitDepth) {
     const t_Window& w = t_Windows[0];
     if (w.BitDepth == bitDepth && w.Width == kWidth) return;
     Screen::OpenPicture(bitDepth, kWidth, kHeight);
-    for (std::int64_t a = w.MemoryStart; a <= w.MemoryEnd; ++a) {
+    for (std::int64_t a = w.MemoryStart - kStep; a <= w.MemoryEnd; ++a) {
         toolkit::Poke(a, static_cast<std::uint8_t>(a * 7 + (a >> 9)));
     }
 }
 
-void AddFrame(std::int64_t bitDepth, double goal) {
+void BuildChangedFrame(platform::Picture& picture) {
+    t_Window& w = t_Windows[0];
+    const std::int64_t start = w.MemoryStart;
+    static bool moved = false;
+    moved = !moved;
+    if (moved) w.MemoryStart = start - kStep;
+    t_WindowImage(0, picture);
+    w.MemoryStart = start;
+}
+
+void AddFrame(std::int64_t bitDepth, bool changed, double goal) {
     auto frames = std::make_shared<Frames>();
     AddPair(
-        "frame, " + std::to_string(bitDepth) + " bits, 1280 x 800",
+        toolkit::Joined(changed ? "changed" : "same", " frame, ", bitDepth, " bits, 1280 x 800"),
         "copying the finished frame once",
-        [frames, bitDepth] {
+        [frames, bitDepth, changed] {
             Prepare(bitDepth);
-            t_WindowImage(0, frames->Built);
+            changed ? BuildChangedFrame(frames->Built) : void(t_WindowImage(0, frames->Built));
         },
         [frames, bitDepth] {
             if (frames->Copy.empty()) {
@@ -50,6 +64,8 @@ void AddFrame(std::int64_t bitDepth, double goal) {
 }  // namespace
 
 void AddFramePairs() {
-    for (const std::int64_t bitDepth : {1, 4, 8, 16}) AddFrame(bitDepth, 3.0);
-    for (const std::int64_t bitDepth : {24, 32}) AddFrame(bitDepth, 1.5);
+    for (const std::int64_t bitDepth : {1, 4, 8, 16, 24, 32}) {
+        AddFrame(bitDepth, true, bitDepth < 24 ? 3.0 : 1.5);
+        AddFrame(bitDepth, false, 2.0);
+    }
 }

@@ -41,7 +41,7 @@ TEST_F(Desktop, MeasuresTheFrameThatTheWindowManagerGives) {
     EXPECT_EQ(Pos(12), kHeight + 2 * kBorder + title);
     EXPECT_EQ(Pos(14), client.Y + menus - title) << "distance from the top of the screen";
     EXPECT_EQ(Pos(20), 1000 - client.Y - client.Height);
-    EXPECT_NEAR(Pos(13), (1600 - Pos(10)) / 2, 2);
+    EXPECT_NEAR(2 * Pos(13), 1600 - Pos(10), 4);
     EXPECT_EQ(Pos(15), 1600);
     EXPECT_EQ(Pos(16), 1000);
 

@@ -41,6 +41,7 @@ Program::Program(const std::vector<std::string>& command, const std::string& dis
         unsetenv("QT_QPA_PLATFORM");
         setenv("ALSOFT_DRIVERS", "null", 1);
         std::vector<char*> words;
+        words.reserve(command.size() + 1);
         for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
         words.push_back(nullptr);
         execvp(words[0], words.data());

@@ -92,12 +92,12 @@ TEST_F(Game, DrawsFieldWallAndScoreLine) {
     }
     EXPECT_EQ(Standing(), 720);
     // The field lies in lines 5 to 24, two columns of text to a point.
-    EXPECT_EQ(ColorsOfLine(0, 5).substr(3 * 39, 18), "22 99 99 22 22 CC ");
+    EXPECT_EQ(ColorsOfLine(0, 5).substr(117, 18), "22 99 99 22 22 CC ");
     EXPECT_EQ(Line(4), std::string(80, ' '));
     EXPECT_EQ(Line(25),
               "Punkte= 0           Punkte pro Brick -> 1   2   3   4   5   6   7   8           ");
     EXPECT_EQ(ColorsOfLine(0, 25).front(), 'F');
-    EXPECT_EQ(ColorsOfLine(0, 25)[3 * 68], 'F');
+    EXPECT_EQ(ColorsOfLine(0, 25)[204], 'F');
 }
 
 TEST_F(Game, ThePaddleAlwaysCoversTheBall) {

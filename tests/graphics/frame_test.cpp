@@ -36,7 +36,7 @@ t_RGBColor PixelAt(const t_Window& w, std::int64_t x, std::int64_t y) {
     const std::int64_t i = y * w.Width + x;
     const std::int64_t depth = w.BitDepth;
     const auto byte = [&w](std::int64_t offset) { return toolkit::Peek(w.MemoryStart + offset); };
-    if (depth == 1) return t_PaletteColor((byte(i / 8) >> (7 - x % 8) & 1) * 15);
+    if (depth == 1) return t_PaletteColor((byte(i / 8) >> (7 - x % 8) & 1) != 0 ? 15 : 0);
     if (depth == 4) return t_PaletteColor(byte(i / 2) >> (x % 2 == 0 ? 4 : 0) & 15);
     if (depth == 8) return {255, byte(i), byte(i), byte(i)};
     if (depth == 16) return {255, byte(2 * i + 1), byte(2 * i + 1), byte(2 * i + 1)};
@@ -129,7 +129,7 @@ TEST_F(Frames, AreNotMadeOfWindowsThatCannotBeShown) {
     w.Visible = true;
     w.BitDepth = 12;
     std::string lines;
-    while (lines.size() < 64 * 32 * 34) lines += "t_WindowImage: Illegal bit depth.\n";
+    while (lines.size() < std::size_t{64} * 32 * 34) lines += "t_WindowImage: Illegal bit depth.\n";
     EXPECT_EQ(line(), lines);
     w.Initialized = false;
     EXPECT_EQ(line(), "t_WindowImage: Graphic window #0 not initialized.\n");
@@ -157,6 +157,7 @@ TEST_F(Frames, NoteTheirTimesAndReuseTheirBuffer) {
 }
 
 TEST_F(Frames, TellWhichRowsChanged) {
+    constexpr std::int64_t kRow = 2080;  // bytes of the picture
     Random random;
     Picture picture;
     for (const std::int64_t depth : {1, 4, 8, 16, 24, 32}) {
@@ -173,8 +174,8 @@ TEST_F(Frames, TellWhichRowsChanged) {
             ASSERT_EQ(picture, Expected(w, picture.Order));
             for (std::int64_t y = 0; y < 64; ++y) {
                 if (y >= changed.First && y < changed.End) continue;
-                const auto row = before.Bytes.begin() + 4 * 520 * y;
-                ASSERT_TRUE(std::equal(row, row + 4 * 520, picture.Bytes.begin() + 4 * 520 * y));
+                const auto row = before.Bytes.begin() + kRow * y;
+                ASSERT_TRUE(std::equal(row, row + kRow, picture.Bytes.begin() + kRow * y));
             }
             ASSERT_EQ(changed == platform::Rows{}, picture == before);
         }

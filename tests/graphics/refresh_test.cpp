@@ -17,7 +17,7 @@ class Refreshing : public WindowTest {
             look();
             if (toolkit::Milliseconds() >= end) t_AutoUpdateRunning = false;
         };
-        const std::string printed = Printed(t_WindowAutoUpdateProcess);
+        std::string printed = Printed(t_WindowAutoUpdateProcess);
         desktop.OnSleep = nullptr;
         return printed;
     }

@@ -69,6 +69,7 @@ TEST_F(MainQueues, TellWaitersThatTheyWereClosed) {
     bool ran = false;
     std::atomic<int> refused = 0;
     std::vector<std::thread> waiters;
+    waiters.reserve(3);
     for (int i = 0; i < 3; ++i) {
         waiters.emplace_back([&] { refused += queue.Sync([&] { ran = true; }) ? 0 : 1; });
     }

@@ -94,12 +94,12 @@ TEST_F(DisplayModes, EscapeCommandsRunAndEndTheEscape) {
 
 TEST_F(DisplayModes, EscapeTabsGoToTheNextStop) {
     Open(0, 8, 80, 4);
-    for (std::int64_t n = 0; n < 2 * 3 * 80; ++n) {
+    for (std::int64_t n = 0; n < 480; ++n) {
         const std::int64_t first = n % 2 == 0 ? 1 : 15;
         const std::int64_t columns = 10 << (n / 2 % 3);
         const std::int64_t start = std::max(first, n / 6 + 1);
         SCOPED_TRACE(testing::Message() << first << " " << columns << " " << start);
-        toolkit::FillRun(w.TextMemoryStart, 80 * 4, 'x');
+        toolkit::FillRun(w.TextMemoryStart, 320, 'x');
         w.TextFirstColumn = first;
         w.TextHpos = start;
         w.TextVpos = 1;

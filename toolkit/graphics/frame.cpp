@@ -64,9 +64,10 @@ bool Fit(Picture& picture, const Snapshot& s) try {
     return false;
 }
 
-// Rows follow each other without a gap on both sides: block and picture are one run of pixels,
-// which is turned in pieces so as to learn where it changes.
-Rows Turn(const Snapshot& s, toolkit::PixelConverter convert, Picture& picture) {
+// Rows follow each other without a gap on both sides: block and picture are one run of pixels. It
+// is taken in pieces, and those that did not change are not written: that saves half of the memory
+// traffic and tells where the picture changed.
+Rows Turn(const Snapshot& s, const toolkit::PixelConverter& converter, Picture& picture) {
     constexpr std::int64_t kPiece = 1024;  // pixels, a multiple of 128 for aligned sources
     const std::uint8_t* const source = t_Memory.data() + s.Start;
     const std::int64_t pixels = s.Pixels();
@@ -75,7 +76,9 @@ Rows Turn(const Snapshot& s, toolkit::PixelConverter convert, Picture& picture) 
     for (std::int64_t at = 0; at < pixels; at += kPiece) {
         const std::int64_t count = std::min(kPiece, pixels - at);
         std::uint8_t* const place = picture.Bytes.data() + 4 * at;
-        if (!convert(source + at * s.BitDepth / 8, place, count)) continue;
+        const std::uint8_t* const from = source + at * s.BitDepth / 8;
+        if (!converter.Differs(from, place, count)) continue;
+        converter.Convert(from, place, count);
         first = std::min(first, at);
         end = at + count;
     }
@@ -95,15 +98,16 @@ std::optional<Rows> t_WindowImage(std::uint8_t window, Picture& picture) {
     if (!w.Visible) return std::nullopt;
     const std::int64_t started = toolkit::Microseconds();
     const Snapshot snapshot(w);
-    const toolkit::PixelConverter convert = toolkit::ConverterFor(snapshot.BitDepth, picture.Order);
-    if (convert == nullptr) {
+    const toolkit::PixelConverter converter =
+        toolkit::ConverterFor(snapshot.BitDepth, picture.Order);
+    if (converter.Convert == nullptr) {
         ReportIllegalBitDepth(snapshot);
         return std::nullopt;
     }
     if (!snapshot.InMemory()) return std::nullopt;
     const bool sameSize = picture.Width == snapshot.Width && picture.Height == snapshot.Height;
     if (!Fit(picture, snapshot)) return std::nullopt;
-    const Rows changed = Turn(snapshot, convert, picture);
+    const Rows changed = Turn(snapshot, converter, picture);
     w.UpdateDuration = toolkit::Microseconds() - started;
     w.UpdateFinished = toolkit::Milliseconds();
     return sameSize ? changed : Rows{0, snapshot.Height};

@@ -1,5 +1,9 @@
 #include "toolkit/graphics/pixel_rows.h"
 
+#if defined(__x86_64__)
+#include <tmmintrin.h>
+#endif
+
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -9,10 +13,8 @@
 #include "toolkit/core/shared_bytes.h"
 #include "toolkit/graphics/palette.h"
 
-// Every depth has one plain loop, right on every machine. The depths from 8 bits on also have one
-// that takes 16 pixels at a time: each four pixels of the result are one shuffle of source bytes,
-// which x86 has from SSSE3 on. All compare while they write: reading what stands there costs
-// nothing beside the memory traffic of writing it.
+// Every depth has one plain loop, right on every machine. From 4 bits on there is also one that
+// takes 16 source bytes or pixels at a time by byte shuffles, which x86 has from SSSE3 on.
 
 namespace toolkit {
 
@@ -61,35 +63,51 @@ constexpr auto kPixelsOf1Bit = TableOf1Bit<Order>();
 template <PixelOrder Order>
 constexpr auto kPixelsOf4Bits = TableOf4Bits<Order>();
 
-// Writes a unit and returns in which bits it differs from what was there.
-template <typename Unit>
-Unit Put(const Unit& fresh, std::uint8_t* place) {
-    Unit old;
-    std::memcpy(&old, place, sizeof old);
-    std::memcpy(place, &fresh, sizeof fresh);
-    return old ^ fresh;
+bool IsAnySet(std::uint64_t bits) {
+    return bits != 0;
 }
 
-template <typename Unit>
-bool IsAnySet(const Unit& bits) {
-    constexpr Unit kNone{};
-    return std::memcmp(&bits, &kNone, sizeof bits) != 0;
+bool IsAnySet(Bytes16 bits) {
+#if defined(__x86_64__)
+    return _mm_movemask_epi8(__m128i(bits == 0)) != 0xFFFF;
+#else
+    Word words[2];
+    std::memcpy(words, &bits, sizeof words);
+    return (words[0] | words[1]) != 0;
+#endif
 }
+
+// What the loops do with finished pixels, each returning whether the loop may end: they write them,
+struct Write {
+    template <typename Unit, std::size_t N>
+    static bool Put(const Unit (&fresh)[N], std::uint8_t* place) {
+        std::memcpy(place, fresh, sizeof fresh);
+        return false;
+    }
+};
+
+// or look for one that is not there yet.
+struct Compare {
+    template <typename Unit, std::size_t N>
+    static bool Put(const Unit (&fresh)[N], const std::uint8_t* place) {
+        Unit old[N];
+        std::memcpy(old, place, sizeof old);
+        Unit differences{};
+        for (std::size_t i = 0; i < N; ++i) differences |= old[i] ^ fresh[i];
+        return IsAnySet(differences);
+    }
+};
 
 // The entries of a table are so many units long.
-template <typename Unit, const auto& Table>
+template <typename Unit, const auto& Table, typename Use>
 bool FromTable(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    constexpr std::size_t kUnits = sizeof(Table[0]) / sizeof(Unit);
-    Unit differences{};
-    for (std::int64_t left = count * 4; left > 0; left -= std::int64_t{sizeof(Table[0])}) {
-        Unit entry[kUnits];
-        std::memcpy(entry, &Table[LoadByte(source++)], sizeof entry);
-        for (const Unit& unit : entry) {
-            differences |= Put(unit, pixels);
-            pixels += sizeof unit;
-        }
+    constexpr std::size_t kEntry = sizeof(Table[0]);
+    for (std::int64_t left = count * 4; left > 0; left -= std::int64_t{kEntry}, pixels += kEntry) {
+        Unit entry[kEntry / sizeof(Unit)];
+        std::memcpy(entry, &Table[LoadByte(source++)], kEntry);
+        if (Use::Put(entry, pixels)) return true;
     }
-    return IsAnySet(differences);
+    return false;
 }
 
 // Where red, green and blue of a pixel of that many source bytes lie.
@@ -106,16 +124,16 @@ using Layout16 = Layout<2, 1, 1, 1>;
 using Layout24 = Layout<3, 0, 1, 2>;
 using Layout32 = Layout<4, 1, 2, 3>;
 
-template <typename From, PixelOrder Order>
+template <typename From, PixelOrder Order, typename Use>
 bool Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    std::uint32_t differences = 0;
     for (; count > 0; --count, source += From::kBytes, pixels += 4) {
         const Pixel pixel =
             PixelOf<Order>(LoadByte(source + From::kRed), LoadByte(source + From::kGreen),
                            LoadByte(source + From::kBlue));
-        differences |= Put(std::bit_cast<std::uint32_t>(pixel), pixels);
+        const std::uint32_t word[] = {std::bit_cast<std::uint32_t>(pixel)};
+        if (Use::Put(word, pixels)) return true;
     }
-    return differences != 0;
+    return false;
 }
 
 #if defined(__x86_64__)
@@ -150,25 +168,70 @@ KORVANDI_SHUFFLES inline Bytes16 FourPixels(const Bytes16* vectors, std::index_s
     }
 }
 
-template <typename From, PixelOrder Order>
+template <typename From, PixelOrder Order, typename Use>
 KORVANDI_SHUFFLES bool Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
                                 std::int64_t count) {
     if (reinterpret_cast<std::uintptr_t>(source) % 16 != 0) {
-        return Plain<From, Order>(source, pixels, count);
+        return Plain<From, Order, Use>(source, pixels, count);
     }
     constexpr auto kAll = std::make_index_sequence<16>();
-    Bytes16 differences{};
     for (; count >= 16; count -= 16, source += 16 * From::kBytes, pixels += 64) {
         Bytes16 vectors[From::kBytes];
         for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
         const Bytes16 finished[] = {
             FourPixels<From, Order, 0>(vectors, kAll), FourPixels<From, Order, 1>(vectors, kAll),
             FourPixels<From, Order, 2>(vectors, kAll), FourPixels<From, Order, 3>(vectors, kAll)};
-        for (int q = 0; q < 4; ++q)
-            differences |= Put(finished[q], pixels + std::ptrdiff_t{16} * q);
+        if (Use::Put(finished, pixels)) return true;
     }
-    const bool restDiffers = Plain<From, Order>(source, pixels, count);
-    return IsAnySet(differences) || restDiffers;
+    return Plain<From, Order, Use>(source, pixels, count);
+}
+
+// Byte `Place` of the pixels of all colour numbers.
+template <PixelOrder Order, std::size_t Place>
+consteval std::array<std::uint8_t, 16> PlaceOfPalette() {
+    std::array<std::uint8_t, 16> bytes{};
+    for (std::size_t n = 0; n < 16; ++n) bytes.at(n) = PaletteEntry<Order>(n).at(Place);
+    return bytes;
+}
+
+template <PixelOrder Order, std::size_t Place>
+KORVANDI_SHUFFLES inline __m128i LookUp(__m128i numbers) {
+    static constexpr auto kBytes = PlaceOfPalette<Order, Place>();
+    return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(kBytes.data())),
+                            numbers);
+}
+
+// Sixteen pixels of these colour numbers.
+template <PixelOrder Order, typename Use>
+KORVANDI_SHUFFLES inline bool PutNumbers(__m128i numbers, std::uint8_t* pixels) {
+    const __m128i first = LookUp<Order, 0>(numbers);
+    const __m128i second = LookUp<Order, 1>(numbers);
+    const __m128i third = LookUp<Order, 2>(numbers);
+    const __m128i fourth = LookUp<Order, 3>(numbers);
+    const __m128i lowFront = _mm_unpacklo_epi8(first, second);
+    const __m128i lowBack = _mm_unpacklo_epi8(third, fourth);
+    const __m128i highFront = _mm_unpackhi_epi8(first, second);
+    const __m128i highBack = _mm_unpackhi_epi8(third, fourth);
+    const Bytes16 finished[] = {Bytes16(_mm_unpacklo_epi16(lowFront, lowBack)),
+                                Bytes16(_mm_unpackhi_epi16(lowFront, lowBack)),
+                                Bytes16(_mm_unpacklo_epi16(highFront, highBack)),
+                                Bytes16(_mm_unpackhi_epi16(highFront, highBack))};
+    return Use::Put(finished, pixels);
+}
+
+template <PixelOrder Order, typename Use>
+KORVANDI_SHUFFLES bool Shuffled4Bits(const std::uint8_t* source, std::uint8_t* pixels,
+                                     std::int64_t count) {
+    if (reinterpret_cast<std::uintptr_t>(source) % 16 == 0) {
+        for (; count >= 32; count -= 32, source += 16, pixels += 128) {
+            const Bytes16 bytes = Load16(source);
+            const auto left = __m128i(bytes >> 4);
+            const auto right = __m128i(bytes & 15);
+            if (PutNumbers<Order, Use>(_mm_unpacklo_epi8(left, right), pixels)) return true;
+            if (PutNumbers<Order, Use>(_mm_unpackhi_epi8(left, right), pixels + 64)) return true;
+        }
+    }
+    return FromTable<Word, kPixelsOf4Bits<Order>, Use>(source, pixels, count);
 }
 
 #undef KORVANDI_SHUFFLES
@@ -179,32 +242,45 @@ bool HasShuffles() {
 }
 #endif
 
-template <typename From, PixelOrder Order>
-PixelConverter Fastest() {
+template <typename From, PixelOrder Order, typename Use>
+PixelLoop Fastest() {
 #if defined(__x86_64__)
-    if (HasShuffles()) return Shuffled<From, Order>;
+    if (HasShuffles()) return Shuffled<From, Order, Use>;
 #endif
-    return Plain<From, Order>;
+    return Plain<From, Order, Use>;
+}
+
+template <PixelOrder Order, typename Use>
+PixelLoop Fastest4Bits() {
+#if defined(__x86_64__)
+    if (HasShuffles()) return Shuffled4Bits<Order, Use>;
+#endif
+    return FromTable<Word, kPixelsOf4Bits<Order>, Use>;
+}
+
+template <PixelOrder Order, typename Use>
+PixelLoop LoopFor(std::int64_t bitDepth) {
+    switch (bitDepth) {
+        case 1:
+            return FromTable<Bytes16, kPixelsOf1Bit<Order>, Use>;
+        case 4:
+            return Fastest4Bits<Order, Use>();
+        case 8:
+            return Fastest<Layout8, Order, Use>();
+        case 16:
+            return Fastest<Layout16, Order, Use>();
+        case 24:
+            return Fastest<Layout24, Order, Use>();
+        case 32:
+            return Fastest<Layout32, Order, Use>();
+        default:
+            return nullptr;
+    }
 }
 
 template <PixelOrder Order>
 PixelConverter Converter(std::int64_t bitDepth) {
-    switch (bitDepth) {
-        case 1:
-            return FromTable<Bytes16, kPixelsOf1Bit<Order>>;
-        case 4:
-            return FromTable<Word, kPixelsOf4Bits<Order>>;
-        case 8:
-            return Fastest<Layout8, Order>();
-        case 16:
-            return Fastest<Layout16, Order>();
-        case 24:
-            return Fastest<Layout24, Order>();
-        case 32:
-            return Fastest<Layout32, Order>();
-        default:
-            return nullptr;
-    }
+    return {LoopFor<Order, Write>(bitDepth), LoopFor<Order, Compare>(bitDepth)};
 }
 
 }  // namespace
