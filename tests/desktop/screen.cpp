@@ -109,6 +109,7 @@ Screen& Screen::Shared() {
 }
 
 Screen::Screen() {
+    setenv("LC_ALL", "C.UTF-8", 1);  // xdotool neither types nor finds umlauts without one
     // The server takes a free number and says which.
     server_.emplace(std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0",
                                              "1600x1000x24", "-nolisten", "tcp"},
