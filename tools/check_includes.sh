@@ -39,6 +39,9 @@ while IFS= read -r line; do
     complain "$line: the toolkit may not know an implementation of the platform"
 done < <(grep -rnE '^#include "platform/(desktop|headless)/' toolkit game || true)
 
+# What the compiler itself brings along to name a processor's instructions.
+compiler_headers='cpuid\.h|[a-z]mmintrin\.h'
+
 # Foreign headers: the standard library has no capital letter, no slash and no ending.
 while IFS= read -r line; do
     complain "$line: only platform/desktop and tools may use this header"
@@ -46,7 +49,8 @@ done < <(grep -rnE '^#include <(Q[A-Z]|AL/|sndfile|xcb|X11|ft2|png)' app game pl
     grep -v '^platform/desktop/' || true)
 while IFS= read -r line; do
     complain "$line: the toolkit and the game use the standard library alone"
-done < <(grep -rnE '^#include <[^>]*[./A-Z]' toolkit game || true)
+done < <(grep -rnE '^#include <[^>]*[./A-Z]' toolkit game |
+    grep -vE "<($compiler_headers)>" || true)
 
 while IFS= read -r file; do
     [ "$(grep -vc '^#include "\|^#pragma once$\|^$' "$file")" = 0 ] ||
