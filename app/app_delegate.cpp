@@ -91,13 +91,11 @@ void AppDelegate::windowDidResize(platform::Window& /*window*/) {
     }
 }
 
-void AppDelegate::titleBarHeightDidChange() {
+void AppDelegate::titleBarHeightDidChange(std::int64_t height) {
     const std::int64_t before = t_TitleBarHeight;
-    t_TitleBarHeight = MeasuredTitleBarHeight();
+    t_TitleBarHeight = height;
     for (t_Window& w : t_Windows) {
-        if (w.TitleHeight != 0 && w.TitleHeight == before) {
-            w.TitleHeight = std::int64_t(t_TitleBarHeight);
-        }
+        if (w.TitleHeight != 0 && w.TitleHeight == before) w.TitleHeight = height;
     }
 }
 

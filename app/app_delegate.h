@@ -35,8 +35,8 @@ class AppDelegate final : public toolkit::Outlets, public platform::ApplicationC
     /// Fits the scroll view and the ruler of the text window that the person works in.
     void windowDidResize(platform::Window& window) override;
 
-    /// Measures again and tells the graphic windows whose title bar is shown.
-    void titleBarHeightDidChange() override;
+    /// Notes the height, also for the graphic windows whose title bar is shown.
+    void titleBarHeightDidChange(std::int64_t height) override;
     /// Shows the main window, so that the way to the menus is never lost.
     void lastWindowDidHide() override;
 

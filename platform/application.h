@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace platform {
 
 class Window;
@@ -24,8 +26,8 @@ class ApplicationClient {
     /// The person or the program gave the window another size.
     virtual void windowDidResize(Window& window) = 0;
 
-    /// What stands above the content of titled windows turned out to have another height.
-    virtual void titleBarHeightDidChange() = 0;
+    /// What stands above the content of titled windows turned out to be `height` points high.
+    virtual void titleBarHeightDidChange(std::int64_t height) = 0;
     /// The last visible window was hidden and none was shown since.
     virtual void lastWindowDidHide() = 0;
 };

@@ -16,7 +16,7 @@ struct OpenPanel {
     std::vector<std::string> FileTypes;  // extensions without the dot; empty: every file
     bool SeveralAllowed = false;
     bool FilesAllowed = true;
-    bool FoldersAllowed = false;
+    bool FoldersAllowed = false;  // with files: they are shown, but folders alone are chosen
 };
 
 struct SavePanel {

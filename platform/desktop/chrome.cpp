@@ -57,7 +57,9 @@ void Chrome::TitleBarSeen(int height) {
     titleBar_ = height;
     Desk& desk = TheDesk();
     for (HostWindow* const window : desk.Windows) window->TitleBarDidChange();
-    if (desk.Client != nullptr && !desk.Ending) desk.Client->titleBarHeightDidChange();
+    if (desk.Client != nullptr && !desk.Ending) {
+        desk.Client->titleBarHeightDidChange(Height());
+    }
 }
 
 }  // namespace platform::desktop

@@ -1,6 +1,8 @@
 #include "platform/desktop/file_panels.h"
 
 #include <QtCore/QStringList>
+#include <QtGui/QFileSystemModel>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QGridLayout>
@@ -89,6 +91,14 @@ QFileDialog::FileMode Mode(const OpenPanel& panel) {
     return panel.SeveralAllowed ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
+// The dialog itself offers a choice of one folder.
+void AllowSeveralFolders(QFileDialog& dialog) {
+    for (auto* const view : dialog.findChildren<QAbstractItemView*>()) {
+        const bool lists = qobject_cast<QFileSystemModel*>(view->model()) != nullptr;
+        if (lists) view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
@@ -96,6 +106,7 @@ std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
     dialog.setFileMode(Mode(panel));
     dialog.setOption(QFileDialog::ShowDirsOnly, !panel.FilesAllowed);
     dialog.setNameFilters(Filters(panel.FileTypes, false));
+    if (panel.FoldersAllowed && panel.SeveralAllowed) AllowSeveralFolders(dialog);
     SetUp(dialog, panel.Title, panel.Message, panel.Prompt,
           panel.FoldersAllowed ? "Ordner:" : "Datei:");
     return Run(dialog);

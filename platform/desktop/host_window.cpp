@@ -74,11 +74,15 @@ Rect HostWindow::ScreenFrame() const {
 }
 
 void HostWindow::SetFrame(const Rect& frame) {
+    // A window that was given a size but no place yet still gets its place when it is shown.
+    const Rect before = Frame();
+    const bool placed = everPlaced_ || frame.X != before.X || frame.Y != before.Y;
     QRect content = FromSeam(frame).adjusted(0, HeightAbove(), 0, 0);
     if (content.width() < 1) content.setWidth(1);
     if (content.height() < 1) content.setTop(content.bottom());
     centred_ = false;
     Place(content);
+    everPlaced_ = placed;
 }
 
 void HostWindow::Center() {

@@ -1,5 +1,6 @@
 #include "platform/desktop/sounds.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 #include <cstdlib>
 #include <filesystem>
@@ -24,6 +25,7 @@ constexpr std::chrono::seconds kPatience{2};
 constexpr std::chrono::seconds kKeepDevice{15};
 
 constexpr std::chrono::milliseconds kBetweenBeeps{60};
+constexpr int kMostBeepsDue = 12;
 
 }  // namespace
 
@@ -62,12 +64,20 @@ Sound* DesktopSounds::Named(const std::string& name) {
     return entry->second.get();
 }
 
-// A program that beeps without pause must not fill the connection to the display.
+// One after the other, and no more than can be told apart: a program that beeps without pause must
+// not fill the connection to the display.
 void DesktopSounds::Beep() {
-    const auto now = steady_clock::now();
-    auto last = lastBeep_.load();
-    if (now - last < kBetweenBeeps || !lastBeep_.compare_exchange_strong(last, now)) return;
-    PostToMain([] { QApplication::beep(); });
+    int due = beepsDue_;
+    while (due < kMostBeepsDue && !beepsDue_.compare_exchange_weak(due, due + 1)) {
+    }
+    if (due == 0) PostToMain([this] { ServeBeeps(); });
+}
+
+void DesktopSounds::ServeBeeps() {
+    QApplication::beep();
+    QTimer::singleShot(kBetweenBeeps, QCoreApplication::instance(), [this] {
+        if (--beepsDue_ > 0) ServeBeeps();
+    });
 }
 
 void DesktopSounds::Wake() {

@@ -53,6 +53,7 @@ class DesktopSounds : public Sounds {
 
   private:
     void Serve();
+    void ServeBeeps();
     [[nodiscard]] std::vector<DesktopSound*> TakeRequests();
 
     std::string directory_;
@@ -61,7 +62,7 @@ class DesktopSounds : public Sounds {
     std::map<std::string, std::unique_ptr<DesktopSound>> sounds_;  // nullptr: no such file
     bool serving_ = false;                                         // the sound thread runs
     bool woken_ = false;                                           // there may be requests
-    std::atomic<std::chrono::steady_clock::time_point> lastBeep_;
+    std::atomic<int> beepsDue_ = 0;                                // asked for and not over
 };
 
 }  // namespace platform::desktop

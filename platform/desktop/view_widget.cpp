@@ -15,6 +15,11 @@ namespace {
 // How long the second half of a repetition may take to arrive.
 constexpr int kRepetitionMs = 5;
 
+// Other buttons mean nothing by themselves; they show in a press of these two.
+bool IsLeftOrRight(const QMouseEvent& event) {
+    return event.button() == Qt::LeftButton || event.button() == Qt::RightButton;
+}
+
 // Menus may have what the program cannot get anyway: Control with Shift. Everything else that is
 // held with Control is a key press.
 bool BelongsToProgram(const QKeyEvent& event) {
@@ -138,6 +143,7 @@ void ViewWidget::ReleaseKey() {
 // `place` counts from the upper left of the content. A press on its top row of points is at the
 // full height of the content.
 void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
+    if (!IsLeftOrRight(event)) return;
     MousePress press;
     press.X = std::floor(place.x());
     press.Y = content_.height() - std::floor(place.y());
@@ -151,6 +157,7 @@ void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
 }
 
 void ViewWidget::Release(const QMouseEvent& event) {
+    if (!IsLeftOrRight(event)) return;
     if (event.button() == Qt::RightButton) {
         client_.rightMouseUp();
     } else {

@@ -7,6 +7,18 @@ using TextWindows = ToolkitTest;
 
 }  // namespace
 
+TEST_F(TextWindows, FollowATitleBarThatIsHigherThanItWasTakenFor) {
+    for (const std::uint8_t window : {std::uint8_t{0}, std::uint8_t{1}}) {
+        t_InitWindow(window, 8, true, 64, 32, 0, 0, EmptyFont(), window == 0);
+    }
+    t_WindowSize(8, -1, -1, 300,
+                 200);  // the scroll view is no measure of the title bar from now on
+    delegate.titleBarHeightDidChange(40);
+    EXPECT_EQ(t_TitleBarHeight, 40);
+    EXPECT_EQ(t_Windows[0].TitleHeight, 40);
+    EXPECT_EQ(t_Windows[1].TitleHeight, 0);
+}
+
 TEST_F(TextWindows, AreLaidOutForTheOneThatThePersonWorksIn) {
     struct Row {
         std::uint8_t Window;

@@ -38,7 +38,7 @@ Codes Unpacked(const Bytes& bytes, std::size_t width) {
     }
     Codes codes;
     for (std::size_t at = 0; width > 0 && at + width <= bits.size(); at += width) {
-        codes.push_back(std::stoll(bits.substr(at, width), nullptr, 2));
+        codes.push_back(static_cast<std::int64_t>(std::stoull(bits.substr(at, width), nullptr, 2)));
     }
     return codes;
 }
@@ -47,7 +47,7 @@ Codes Unpacked(const Bytes& bytes, std::size_t width) {
 
 TEST(CompressedCodes, AreCutFromTheHighestBitOn) {
     Random random;
-    for (std::uint8_t width = 0; width < 64; ++width) {
+    for (std::uint8_t width = 0; width <= 64; ++width) {
         for (std::int64_t length = 0; length < 40; ++length) {
             const Bytes bytes = random.Bytes(length);
             EXPECT_EQ(t_UnpackCodes(bytes, width), Unpacked(bytes, width)) << int{width};
@@ -60,6 +60,7 @@ TEST(CompressedCodes, DecodeAsWithADictionaryOfStrings) {
     int valid = 0;
     EXPECT_EQ(t_LZWDecompress(Codes{0x141, 66, 256}), (Bytes{65, 66, 65, 66}));
     EXPECT_EQ(t_LZWDecompress(Codes{}), Bytes{});
+    EXPECT_EQ(t_LZWDecompress(Codes{65, INT64_MIN + 66}), Bytes{});
     for (int run = 0; run < 5000; ++run) {
         Codes codes;
         const bool onlyKnown = random.Coin();

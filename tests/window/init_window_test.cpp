@@ -85,7 +85,7 @@ TEST_F(InitWindow, FillsInTheRecordAndKeepsTheRest) {
     expected.Initialized = expected.QuickUpdate = true;
     expected.Window = &Host(1);
     expected.View = &View(1);
-    expected.DrawingRect = {0, 0, 100, 50};
+    expected.DrawingRect = platform::Rect{0, 0, 100, 50};
     expected.TitleHeight = 28;
     expected.BorderWidth = 5;
     expected.BorderHeight = 6;

@@ -118,21 +118,27 @@ void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
     }
 }
 
+std::size_t GlyphStore::Bytes() const {
+    std::size_t bytes = 0;
+    for (const Slot& slot : slots_) bytes += slot.Bytes();
+    return bytes;
+}
+
 const std::uint8_t* GlyphStore::Find(const GlyphKey& key, std::span<const std::uint8_t> grey) {
     // All codes of one colour pair have slots of their own.
     Slot& slot = slots_[(key.Symbol + 256U * (key.Pair + 7U * key.BitDepth)) % kSlots];
     if (slot.Key == key && std::ranges::equal(slot.Grey, grey)) return slot.Finished.data();
-    bytes_ -= slot.Grey.capacity() + slot.Finished.capacity();
+    bytes_ -= slot.Bytes();
     slot.Key = key;
     slot.Grey.assign(grey.begin(), grey.end());
     FinishGlyph(key, grey, slot.Finished);
-    bytes_ += slot.Grey.capacity() + slot.Finished.capacity();
+    bytes_ += slot.Bytes();
     if (bytes_ <= kMostBytes) return slot.Finished.data();
     // Too much: this glyph alone stays.
     Slot kept = std::move(slot);
-    slots_.assign(kSlots, Slot());
+    for (Slot& other : slots_) other = Slot();  // moved into, so that its memory goes
     slot = std::move(kept);
-    bytes_ = slot.Grey.capacity() + slot.Finished.capacity();
+    bytes_ = slot.Bytes();
     return slot.Finished.data();
 }
 

@@ -32,14 +32,16 @@ class GlyphStore {
     /// The finished glyph; valid until the next call.
     const std::uint8_t* Find(const GlyphKey& key, std::span<const std::uint8_t> grey);
 
-    /// Bytes kept now.
-    [[nodiscard]] std::size_t Bytes() const { return bytes_; }
+    /// Bytes kept now, as counted slot by slot.
+    [[nodiscard]] std::size_t Bytes() const;
 
   private:
     struct Slot {
         GlyphKey Key{};
         std::vector<std::uint8_t> Grey;
         std::vector<std::uint8_t> Finished;
+
+        [[nodiscard]] std::size_t Bytes() const { return Grey.capacity() + Finished.capacity(); }
     };
 
     static constexpr std::size_t kSlots = 2048;

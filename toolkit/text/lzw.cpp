@@ -6,7 +6,6 @@ namespace {
 
 constexpr std::int64_t kSingleBytes = 256;
 constexpr std::size_t kMostBytes = std::size_t{64} << 20U;
-constexpr std::uint64_t kCodeBits = 0x7FFF'FFFF'FFFF'FFFF;
 
 // A dictionary entry as the stretch of the output in which it was first written: the entry made by
 // the i-th code is the string of the code before it and the byte that follows that string there.
@@ -27,7 +26,7 @@ std::vector<std::int64_t> t_UnpackCodes(std::span<const std::uint8_t> bytes, std
         for (int bit = 7; bit >= 0; --bit) {
             value = value << 1U | (byte >> bit & 1U);
             if (++bits < width) continue;
-            codes.push_back(static_cast<std::int64_t>(value & kCodeBits));
+            codes.push_back(static_cast<std::int64_t>(value));
             value = 0;
             bits = 0;
         }
@@ -46,8 +45,8 @@ std::vector<std::uint8_t> t_LZWDecompress(std::span<const std::int64_t> codes) {
         // The entry that this code adds: the string before and the first byte of this one, which
         // follows it in the output.
         dictionary.push_back({before.Start, before.Length + 1});
+        if (code < 0 || code - kSingleBytes >= std::ssize(dictionary)) return {};
         const std::int64_t entry = code - kSingleBytes;
-        if (code < 0 || entry >= std::ssize(dictionary)) return {};
         const std::size_t start = output.size();
         if (entry < 0) {
             output.push_back(static_cast<std::uint8_t>(code));

@@ -8,7 +8,8 @@
 // thread.
 
 /// Splits the bytes into codes of `width` bits, most significant bit first; bits left over at the
-/// end are ignored. No codes for a width of 0. A code wider than 63 bits keeps its low 63 bits.
+/// end are ignored. No codes for a width of 0. A code wider than 64 bits keeps its low 64 bits; a
+/// code with bit 63 set is negative, which no valid stream holds.
 [[nodiscard]] std::vector<std::int64_t> t_UnpackCodes(std::span<const std::uint8_t> bytes,
                                                       std::uint8_t width);
 

@@ -125,16 +125,15 @@ void t_Reverse(std::uint8_t window) {
 }
 
 bool t_PrintPause(std::int64_t key, bool wait) {
+    const std::int64_t choices = t_MenuEventQueue.size();
     if (!t_EventPending ||
         !t_EventQueue.DropAllIfNewest([key](const t_Event& event) { return event.Value == key; })) {
         return false;
     }
     if (!wait) return true;
-    const std::int64_t keys = t_EventQueue.size();
-    const std::int64_t choices = t_MenuEventQueue.size();
-    while (t_EventQueue.size() == keys && t_MenuEventQueue.size() == choices) {
+    while (!t_EventPending && t_MenuEventQueue.size() == choices) {
         toolkit::SleepMilliseconds(10);
     }
-    if (t_EventQueue.size() != keys) t_NextEvent();
+    if (t_EventPending) t_NextEvent();
     return true;
 }

@@ -23,8 +23,8 @@
 // Below mode 3 the codes 0 to 31 are control codes.
 
 /// Prints the characters of a string; those above 255 as a question mark. A typed Control-S stops
-/// output at the start and end of the string and at each carriage return until the next key or menu
-/// event. Fault besides those above: "t_Print: Window #<window> has no text font."
+/// output at the end of the string and at each carriage return until the next key or menu event.
+/// Fault besides those above: "t_Print: Window #<window> has no text font."
 void t_Print(std::uint8_t window, std::string_view string);
 /// The same for the bytes of a Text.
 void t_Print(std::uint8_t window, const Text& text);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "toolkit/core/memory.h"
+#include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/tables.h"
 #include "toolkit/window/window.h"
@@ -37,24 +38,25 @@ bool HasTextBlockBelow(const t_Window& w, std::int64_t end) {
 void LogMove(const std::string& prefix, std::uint8_t j, std::int64_t end, std::int64_t distance) {
     const t_Window& w = t_Windows[j];
     PrintLine(prefix, " moving graphic block for win #", j, "$", Range(w.MemoryStart, w.MemoryEnd),
-              " to", Range(w.MemoryStart + distance, w.MemoryEnd + distance));
+              " to", Range(Plus(w.MemoryStart, distance), Plus(w.MemoryEnd, distance)));
     if (!HasTextBlockBelow(w, end)) return;
     PrintLine(prefix, " moving text block for win #", j, "$",
               Range(w.TextMemoryStart, w.TextMemoryEnd), " to$",
-              Range(w.TextMemoryStart + distance, w.TextMemoryEnd + distance));
+              Range(Plus(w.TextMemoryStart, distance), Plus(w.TextMemoryEnd, distance)));
 }
 
 // Moves the bytes first and the addresses after: a frame built meanwhile may be torn.
 void MoveUp(Shared<std::int64_t>& start, Shared<std::int64_t>& end, std::int64_t distance) {
-    MoveRun(start, start + distance, end - start + 1);
-    start = start + distance;
-    end = end + distance;
+    const std::int64_t to = Plus(start, distance);
+    MoveRun(start, to, LengthOf(start, end));
+    start = to;
+    end = Plus(end, distance);
 }
 
 }  // namespace
 
 std::int64_t FreeMemory() {
-    return t_HighMemory - kReservedBytes;
+    return Minus(t_HighMemory, kReservedBytes);
 }
 
 Block HandOut(std::int64_t bytes) {
@@ -70,14 +72,14 @@ void ReleaseBlocks(std::uint8_t window) {
     const std::int64_t end = w.MemoryEnd;
     w.Initialized = false;
 
-    std::int64_t size = end - w.MemoryStart + 1;
+    std::int64_t size = LengthOf(w.MemoryStart, end);
     PrintLine(prefix, " high memory = $", t_HexText(end), ", graphic block size to delete = $",
               t_HexText(size), ".");
     if (w.TextMemoryStart >= 0) {
-        const std::int64_t textSize = w.TextMemoryEnd - w.TextMemoryStart + 1;
+        const std::int64_t textSize = LengthOf(w.TextMemoryStart, w.TextMemoryEnd);
         PrintLine(prefix, " high memory = $", t_HexText(end), ", text block size to delete = $",
                   t_HexText(textSize), ".");
-        size += textSize;
+        size = Plus(size, textSize);
     }
 
     std::vector<std::uint8_t> below = WindowsBelow(end);
@@ -92,7 +94,7 @@ void ReleaseBlocks(std::uint8_t window) {
         if (text) MoveUp(other.TextMemoryStart, other.TextMemoryEnd, size);
     }
 
-    t_HighMemory = t_HighMemory + size;
+    t_HighMemory = Plus(t_HighMemory, size);
     w.MemoryStart = w.MemoryEnd = -1;
     w.TextMemoryStart = w.TextMemoryEnd = -1;
 }

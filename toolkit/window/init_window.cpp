@@ -153,7 +153,9 @@ void FillInPicture(const Plan& plan, t_Window& w) {
     w.Height = plan.Height;
     w.BorderWidth = plan.BorderWidth;
     w.BorderHeight = plan.BorderHeight;
-    w.TitleHeight = plan.TitleVisible ? std::int64_t(t_TitleBarHeight) : 0;
+    // There, because the height can change there.
+    platform::RunOnMain(
+        [&] { w.TitleHeight = plan.TitleVisible ? std::int64_t(t_TitleBarHeight) : 0; });
     w.RGBColor = t_PaletteColor(0);
     w.RGBColorBorder = t_PaletteColor(kBorderColor);
     w.DrawingMode = 0;

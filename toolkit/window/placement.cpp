@@ -74,10 +74,10 @@ std::int64_t FrameHeight(const Subject& s) {
     return s.Height();
 }
 std::int64_t LastX(const Subject& s) {
-    return s.Width() - 1;
+    return Minus(s.Width(), 1);
 }
 std::int64_t LastY(const Subject& s) {
-    return s.Height() - 1;
+    return Minus(s.Height(), 1);
 }
 std::int64_t ContentHeight(const Subject& s) {
     return s.ContentHeight();
@@ -104,7 +104,7 @@ std::int64_t ScreenHeight(const Subject& s) {
     return Truncated(s.Host->ScreenFrame().Height);
 }
 std::int64_t TopDistance(const Subject& s) {
-    return ScreenHeight(s) - FrameY(s) - s.Height();
+    return Minus(Minus(ScreenHeight(s), FrameY(s)), s.Height());
 }
 
 struct CodeRow {
@@ -301,10 +301,12 @@ void t_WindowTitle(std::uint8_t window, std::string_view title) {
 void t_WindowTitleVisible(std::uint8_t window, bool visible) {
     platform::Window* const host = ExistingWindow(__func__, window);
     if (host == nullptr) return;
-    if (window < toolkit::kGraphicWindows) {
-        t_Windows[window].TitleHeight = visible ? std::int64_t(t_TitleBarHeight) : 0;
-    }
     const std::int64_t mask =
         visible ? platform::kTitledClosableMiniaturizable : platform::kBorderless;
-    RunOnMain([&] { host->SetStyleMask(mask); });
+    RunOnMain([&] {
+        if (window < toolkit::kGraphicWindows) {
+            t_Windows[window].TitleHeight = visible ? std::int64_t(t_TitleBarHeight) : 0;
+        }
+        host->SetStyleMask(mask);
+    });
 }

@@ -5,10 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "platform/geometry.h"
 #include "toolkit/core/color.h"
+#include "toolkit/core/numbers.h"
 #include "toolkit/core/shared.h"
 #include "toolkit/text/font.h"
+#include "toolkit/window/shared_rect.h"
 
 namespace platform {
 class View;
@@ -35,7 +36,7 @@ struct t_Window {
 
     toolkit::Shared<platform::Window*> Window = nullptr;
     toolkit::Shared<platform::View*> View = nullptr;
-    platform::Rect DrawingRect;                      // of the picture in its view, points
+    toolkit::SharedRect DrawingRect;                 // of the picture in its view, points
     toolkit::Shared<std::int64_t> TitleHeight = 0;   // 0 while the title bar is hidden
     toolkit::Shared<std::int64_t> BorderWidth = 0;   // beside the picture, pixels
     toolkit::Shared<std::int64_t> BorderHeight = 0;  // above and below the picture, pixels
@@ -130,11 +131,16 @@ enum class Need : std::uint8_t { SetUp, TextBlock };
 /// Prints "<operation>: Window #<window> not initialized."
 void PrintNotInitialized(std::string_view operation, std::uint8_t window);
 
+/// How many bytes lie from one address to another, both included.
+[[nodiscard]] inline std::int64_t LengthOf(std::int64_t start, std::int64_t end) {
+    return Plus(Minus(end, start), 1);
+}
+
 /// Half the length of the window's text block: how far a cell's colour byte lies behind its
 /// character byte. 0 without a text block.
 [[nodiscard]] inline std::int64_t ColorOffset(const t_Window& w) {
     const std::int64_t start = w.TextMemoryStart;
-    return start < 0 ? 0 : (w.TextMemoryEnd - start + 1) / 2;
+    return start < 0 ? 0 : LengthOf(start, w.TextMemoryEnd) / 2;
 }
 
 /// The index of cell (column, line) in each half of the text block; -1 for a cell outside the text
@@ -145,6 +151,8 @@ void PrintNotInitialized(std::string_view operation, std::uint8_t window);
 struct Cell {
     std::uint8_t Symbol = 0;
     std::uint8_t Color = 0;
+
+    bool operator==(const Cell&) const = default;
 };
 [[nodiscard]] Cell CellAt(const t_Window& w, std::int64_t column, std::int64_t line);
 
