@@ -2,7 +2,7 @@
 
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench check tidy asan tsan format resources clean
+.PHONY: run test bench check tidy asan tsan fuzz format resources clean
 
 # Installs what is missing, builds and starts the game.
 run:
@@ -32,6 +32,12 @@ asan tsan:
 	cmake --preset $@
 	cmake --build --preset $@ -j $(JOBS)
 	ctest --preset $@ -j $(JOBS)
+
+# Runs a fuzz target, or all of them one after the other, for so many seconds each:
+# make fuzz TARGET=font_file SECONDS=600
+fuzz:
+	@tools/setup.sh check
+	tools/fuzz.sh $(or $(SECONDS),60) $(TARGET)
 
 # A build by clang and clang-tidy over everything; takes long.
 tidy:

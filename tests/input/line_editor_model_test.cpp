@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "tests/support/field_model.h"
 #include "tests/support/fixture.h"
 #include "tests/support/random.h"
 #include "toolkit/core/utf8.h"
@@ -9,67 +10,7 @@
 
 namespace {
 
-using String = std::u32string;
-
 using LineEditorModel = WindowTest;
-
-bool IsDigit(char32_t c) {
-    return c >= '0' && c <= '9';
-}
-
-struct Field {
-    std::int64_t Mode = 0;
-    std::size_t Most = 0;  // characters, by the maximum and by the room in the line
-    String Content;
-    std::size_t Cursor = 0;
-    bool Finished = false;
-
-    bool Accepts(char32_t c) const {
-        const bool atStart = Cursor == 0;
-        const bool isNew = Content.find(c) == String::npos;
-        if (Mode < 2 || Mode > 4 || IsDigit(c)) return true;
-        if (Mode == 2) return c == '-' && atStart;
-        if (Mode == 4) return c == '-' && !atStart && isNew;
-        return c == '-' ? atStart || Content[Cursor - 1] == 'e' : (c == ',' || c == 'e') && isNew;
-    }
-
-    void Insert(std::int64_t code) {
-        if (Content.size() >= Most || code == 0) return;
-        char32_t c = toolkit::IsScalar(code) ? static_cast<char32_t>(code) : 0;
-        if (Mode == 3 && c == 'E') c = 'e';
-        if (Mode == 3 && c == '.') c = ',';
-        if (Accepts(c)) Content.insert(Cursor++, 1, c);
-    }
-
-    // The first of the digits is one.
-    void InsertByNumber(std::string_view digits) {
-        std::int64_t code = 0;
-        for (const char c : digits.substr(0, digits.find('x'))) code = code * 10 + c - '0';
-        if (code >= (Mode == 1 ? 1 : 32) && code <= 255) Insert(code);
-    }
-
-    void Apply(std::int64_t key, std::string_view digits) {
-        const auto is = [key](std::initializer_list<std::int64_t> keys) {
-            return std::ranges::find(keys, key) != keys.end();
-        };
-        const std::size_t end = Content.size();
-        const std::size_t blankBefore = Cursor < 2 ? String::npos : Content.rfind(' ', Cursor - 2);
-        if (is({3, 5, 6, 10})) Cursor = end;
-        if (key == 4)
-            Cursor = Cursor == end ? end : std::min(Content.find(' ', Cursor), end - 1) + 1;
-        if (key == 19) Cursor = blankBefore + 1;  // 0 without one
-        if (key == 8 && Cursor > 0) --Cursor;
-        if (key == 21 && Cursor < end) ++Cursor;
-        if (key == 7 && Cursor < end) Content.erase(Cursor, 1);
-        if (key == 127 && Cursor > 0) Content.erase(--Cursor, 1);
-        if (key == 24) Content.erase(0, Cursor);
-        if (is({26, 27})) Content.clear();
-        if (is({1, 2, 11, 18, 24, 26, 27})) Cursor = 0;
-        if (is({13, 27})) Finished = key == 13;
-        if (key == 30) InsertByNumber(digits);
-        if (key >= 32 && key != 127) Insert(key);
-    }
-};
 
 constexpr std::int64_t kKeys[] = {0,   1,   3,   4,   4,   7,   8,   8,      13,
                                   19,  19,  21,  24,  26,  27,  30,  127,    127,
@@ -102,7 +43,7 @@ TEST_F(LineEditorModel, AgreesAfterEveryKey) {
         const std::uint8_t color = w.TextColor;
         t_ClearEndOfLine(0);
 
-        Field field;
+        FieldModel field;
         field.Mode = random.Between(0, 5);
         const std::int64_t maximum = random.Between(0, 20);
         const std::string preset = maximum > 0 && random.Coin() ? "7" : "";
@@ -129,7 +70,7 @@ TEST_F(LineEditorModel, AgreesAfterEveryKey) {
             t_InputEdit(0, key);
 
             const std::vector<char32_t> content = toolkit::Characters(w.InputString);
-            ASSERT_EQ(String(content.begin(), content.end()), field.Content) << key;
+            ASSERT_EQ(std::u32string(content.begin(), content.end()), field.Content) << key;
             ASSERT_EQ(static_cast<std::size_t>(w.InputCursorPos), field.Cursor) << key;
             ASSERT_EQ(w.InputFinished, field.Finished) << key;
             ASSERT_EQ(ScreenText(0), screen) << key;

@@ -1,0 +1,119 @@
+#include "fuzz/support.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "app/interface.h"
+#include "toolkit/core/output.h"
+
+namespace fuzz {
+
+namespace {
+
+constexpr std::int64_t kNeighbourDepth = 8;
+
+}  // namespace
+
+std::uint8_t Input::Byte() {
+    if (rest_.empty()) return 0;
+    const std::uint8_t byte = rest_.front();
+    rest_ = rest_.subspan(1);
+    return byte;
+}
+
+std::int64_t Input::Between(std::int64_t first, std::int64_t last) {
+    return first + Byte() % (last - first + 1);
+}
+
+std::int64_t Input::OneOf(std::initializer_list<std::int64_t> values) {
+    return values.begin()[Between(0, std::ssize(values) - 1)];
+}
+
+std::span<const std::uint8_t> Input::Bytes(std::size_t count) {
+    const std::span<const std::uint8_t> bytes = rest_.first(std::min(count, rest_.size()));
+    rest_ = rest_.subspan(bytes.size());
+    return bytes;
+}
+
+void Check(bool holds, std::string_view what) {
+    if (holds) return;
+    std::fprintf(stderr, "Does not hold: %.*s\n", static_cast<int>(what.size()), what.data());
+    std::abort();
+}
+
+Toolkit::Toolkit() : Delegate(nullptr) {
+    Desktop.KeepOutput = false;
+    Desktop.KeepPlayed = false;
+    Desktop.ResourceFolder = "/resources";
+    t_AppDelegate = &Delegate;
+    BuildInterface(Delegate);
+    toolkit::SetOutputListener([](std::string_view /*text*/) {});  // no console
+    Desktop.Client = &Delegate;
+    initvxtools();
+    t_InitMemory();
+    t_AutoUpdateRunning = true;  // no refresh loop: its task would wait for ever
+}
+
+Toolkit& Toolkit::Fresh() {
+    static auto& toolkit = *new Toolkit;
+    t_Windows.fill(t_Window());
+    t_HighMemory = 0xFFFFFF;
+    t_EventQueue.Clear();
+    t_CurrentEvent = t_Event();
+    return toolkit;
+}
+
+t_Font GreyFont(std::int64_t width, std::int64_t height) {
+    t_Font font;
+    font.Format = 2;
+    font.End = 255;
+    font.Width = width;
+    font.Height = height;
+    for (std::int64_t code = 0; code < 256; ++code) {
+        for (std::int64_t i = 0; i < width * height; ++i) {
+            const std::int64_t grey = code == ' ' ? 0 : i % 3 == 0 ? code : (code * 37 + i * 91);
+            font.Data.push_back(static_cast<std::uint8_t>(grey));
+        }
+    }
+    return font;
+}
+
+std::vector<std::uint8_t> Memory(std::int64_t first, std::int64_t last) {
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(last - first + 1));
+    Check(toolkit::ReadRun(first, bytes), "addresses lie in the memory");
+    return bytes;
+}
+
+void OpenNeighbour(int window) {
+    t_InitWindow(static_cast<std::uint8_t>(window), kNeighbourDepth, false, 32, 32, 0, 0, t_Font(),
+                 true);
+}
+
+Guards::Guards() {
+    constexpr std::int64_t kBelow = 2048;
+    const auto watch = [this](std::int64_t first, std::int64_t last) {
+        Stretch stretch{first,
+                        std::vector<std::uint8_t>(static_cast<std::size_t>(last - first + 1))};
+        for (std::size_t i = 0; i < stretch.Bytes.size(); ++i) {
+            stretch.Bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256 + 1);
+        }
+        Check(toolkit::WriteRun(first, stretch.Bytes), "there is room for guards");
+        stretches_.push_back(std::move(stretch));
+    };
+    for (const t_Window& w : t_Windows) {
+        if (w.Initialized && w.TextMemoryStart < 0) watch(w.MemoryStart, w.MemoryEnd);
+    }
+    watch(t_HighMemory + 1 - kBelow, t_HighMemory);
+}
+
+void Guards::ExpectUntouched() const {
+    for (const Stretch& stretch : stretches_) {
+        Check(
+            std::equal(stretch.Bytes.begin(), stretch.Bytes.end(), t_Memory.data() + stretch.First),
+            "nothing is written outside a window's blocks");
+    }
+}
+
+}  // namespace fuzz
