@@ -2,7 +2,8 @@
 
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench check tidy asan tsan fuzz format resources clean
+.PHONY: run test bench check tidy asan tsan fuzz coverage games starts soak repeat format \
+	resources clean
 
 # Installs what is missing, builds and starts the game.
 run:
@@ -38,6 +39,35 @@ asan tsan:
 fuzz:
 	@tools/setup.sh check
 	tools/fuzz.sh $(or $(SECONDS),60) $(TARGET)
+
+# Which lines and branches of toolkit, game and platform the test run reaches.
+coverage:
+	@tools/setup.sh test coverage
+	tools/coverage.sh $(JOBS)
+
+# So many whole games with invariants; so many starts and ends of a windowed program; a person at
+# random for so many minutes; the whole test run so many times.
+games:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target korvandi_tests
+	KORVANDI_GAMES=$(or $(GAMES),10000) build/release/bin/korvandi_tests --gtest_filter='WholeGames.*'
+starts:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target korvandi_desktop_tests
+	KORVANDI_STARTS=$(or $(STARTS),300) build/release/bin/korvandi_desktop_tests \
+		--gtest_filter='Desktop.EndsWhateverTheProgramThreadDoes'
+soak:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target korvandi_soak
+	build/release/bin/korvandi_soak $(or $(MINUTES),30)
+repeat:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+	ctest --preset release -j $(JOBS) --repeat until-fail:$(or $(TIMES),20)
 
 # A build by clang and clang-tidy over everything; takes long.
 tidy:

@@ -17,7 +17,7 @@ namespace {
 
 using platform::FormRow;
 
-constexpr double kTextWindowWidth = 720;  // of the content, points
+constexpr double kTextWindowWidth = 800;  // of the content, points: room for 80 columns
 constexpr double kTextWindowHeight = 480;
 
 template <typename View>

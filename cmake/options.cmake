@@ -12,6 +12,11 @@ if(KORVANDI_SANITIZE)
   target_link_options(korvandi_options INTERFACE -fsanitize=${KORVANDI_SANITIZE})
 endif()
 
+if(KORVANDI_COVERAGE)
+  target_compile_options(korvandi_options INTERFACE --coverage -fprofile-update=atomic)
+  target_compile_definitions(korvandi_options INTERFACE KORVANDI_COVERAGE)
+  target_link_options(korvandi_options INTERFACE --coverage)
+endif()
 if(KORVANDI_FUZZ)
   # Edges alone: a look at every comparison makes a run several times slower than it finds more.
   target_compile_options(korvandi_options INTERFACE -fno-sanitize-coverage=trace-cmp)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for what the arguments name: run, test, check. Says
+# Installs the Debian packages that are missing for what the arguments name: run, test, check, coverage. Says
 # nothing and returns at once when all are there.
 set -euo pipefail
 
@@ -7,6 +7,7 @@ run='cmake ninja-build g++ make pkg-config qt6-base-dev libopenal-dev libsndfile
      fonts-dejavu-core'
 test="$run libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool xclip x11-xkb-utils x11-utils
       imagemagick libfreetype-dev libpng-dev procps"
+coverage='gcovr'
 check="$test clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev git"
 
 missing=()

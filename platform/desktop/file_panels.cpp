@@ -6,7 +6,9 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QGridLayout>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QTreeView>
 
 #include "platform/desktop/text.h"
 
@@ -74,6 +76,9 @@ void SetUp(QFileDialog& dialog, const std::string& title, const std::string& mes
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Dateityp:"));
     dialog.setLabelText(QFileDialog::FileName, ToLabel(nameLabel));
     AddMessage(dialog, message);
+    if (auto* const list = dialog.findChild<QTreeView*>(); list != nullptr) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    }
     dialog.resize(kWidth, kHeight);
 }
 

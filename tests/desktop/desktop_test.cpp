@@ -1,4 +1,9 @@
+#include <chrono>
+#include <cmath>
 #include <csignal>
+#include <cstdlib>
+#include <iostream>
+#include <iterator>
 #include <string>
 
 #include "tests/desktop/desktop_fixture.h"
@@ -107,13 +112,26 @@ TEST_F(Desktop, CloseBoxHidesAndNobodyIsLeftWithoutAWindow) {
 }
 
 TEST_F(Desktop, EndsWhateverTheProgramThreadDoes) {
-    for (const char* state : {"wait", "sleep", "draw", "compute", "dialog", "hide 0"}) {
+    constexpr const char* kStates[] = {"wait",    "sleep",  "draw",   "ask",
+                                       "compute", "dialog", "hide 0", "twice"};
+    const char* const wanted = std::getenv("KORVANDI_STARTS");
+    const int starts = wanted == nullptr ? std::ssize(kStates) : std::atoi(wanted);
+    long long slowest = 0;
+    for (int start = 0; start < starts; ++start) {
+        const std::string state = kStates[start % std::ssize(kStates)];
         OpenProbe();
         Command(state);
+        const auto asked = std::chrono::steady_clock::now();
         probe->Signal(SIGTERM);
-        EXPECT_EQ(probe->Ended(), 0) << state;
+        if (state == "twice") probe->Signal(SIGTERM);
+        ASSERT_EQ(probe->Ended(), 0) << state;
+        const std::chrono::duration<double, std::milli> took =
+            std::chrono::steady_clock::now() - asked;
+        slowest = std::max(slowest, std::llround(took.count()));
         EXPECT_TRUE(probe->Line("applicationWillTerminate: Called.")) << state;
+        EXPECT_FALSE(probe->Line("applicationWillTerminate: Called.")) << state;
     }
+    std::cout << starts << " starts, the slowest end took " << slowest << " ms\n";
     OpenProbe();
     probe->Say("quit");
     ASSERT_TRUE(probe->Line("t_QuitProgram: Quitting current thread with message in window #0."));

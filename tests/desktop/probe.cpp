@@ -1,8 +1,12 @@
+#include <algorithm>
+#include <atomic>
 #include <iostream>
+#include <memory>
 #include <sstream>
 #include <string>
 
 #include "app/run_program.h"
+#include "game/demo_program.h"
 #include "platform/desktop/desktop.h"
 #include "platform/platform.h"
 #include "toolkit/toolkit.h"
@@ -49,6 +53,43 @@ void TellKeys() {
     while (true) t_Print(0, "Korvandi ");
 }
 
+// Tells every few seconds how long the longest time between two frames of the first window was
+// while the window was shown.
+void WatchFrames() {
+    constexpr std::int64_t kEvery = 5000;
+    std::int64_t longest = 0;
+    std::int64_t frames = 0;
+    std::int64_t before = t_Windows[0].UpdateFinished;
+    std::int64_t since = toolkit::Milliseconds();
+    for (std::int64_t told = since;; toolkit::SleepMilliseconds(1)) {
+        const std::int64_t now = toolkit::Milliseconds();
+        const std::int64_t finished = t_Windows[0].UpdateFinished;
+        if (t_Windows[0].Visible) longest = std::max(longest, now - since);
+        if (finished != before) ++frames;
+        if (finished != before || !t_Windows[0].Visible) since = now;
+        before = finished;
+        if (now - told < kEvery) continue;
+        Answer(toolkit::Joined("frames ", frames, " longest ", longest));
+        told = now;
+    }
+}
+
+// The game, again and again.
+[[noreturn]] void PlayForEver() {
+    t_RunInBackground(WatchFrames);
+    while (true) {
+        std::atomic<bool> ended = false;
+        startprocess(
+            [&ended] {
+                const std::unique_ptr<std::atomic<bool>, void (*)(std::atomic<bool>*)> atEnd(
+                    &ended, [](std::atomic<bool>* flag) { *flag = true; });
+                DemoProgram();
+            },
+            0x10'0000);
+        while (!ended) toolkit::SleepMilliseconds(5);
+    }
+}
+
 void Obey(std::istringstream line) {
     std::string word;
     std::int64_t a = 0;
@@ -84,6 +125,8 @@ void Obey(std::istringstream line) {
         t_WindowVisible(static_cast<std::uint8_t>(a), false);
     }
     Answer("done " + word);
+    while (word == "ask") platform::RunOnMain([] {});
+    if (word == "play") PlayForEver();
     if (word == "wait") static_cast<void>(t_WaitKey(0));
     if (word == "sleep") toolkit::SleepSeconds(600);
     if (word == "draw") DrawForEver();

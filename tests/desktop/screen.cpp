@@ -104,18 +104,19 @@ std::optional<int> Program::Ended(std::chrono::milliseconds limit) {
 }
 
 Screen& Screen::Shared() {
-    static Screen screen;
+    static Screen screen("1600x1000", Manager::Openbox);
     return screen;
 }
 
-Screen::Screen() {
+Screen::Screen(const std::string& size, Manager manager) {
     setenv("LC_ALL", "C.UTF-8", 1);  // xdotool neither types nor finds umlauts without one
     // The server takes a free number and says which.
     server_.emplace(std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0",
-                                             "1600x1000x24", "-nolisten", "tcp"},
+                                             size + "x24", "-nolisten", "tcp"},
                     "");
     display_.assign(1, ':');
     display_ += server_->Line("").value_or("none");
+    if (manager == Manager::None) return;
     manager_.emplace(std::vector<std::string>{"openbox", "--sm-disable"}, display_);
     Eventually([&] {
         return !OutputOf("xprop -display " + display_ +

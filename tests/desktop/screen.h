@@ -25,6 +25,7 @@ class Program {
     std::optional<std::string> Line(const std::string& beginning,
                                     std::chrono::seconds limit = std::chrono::seconds(20));
     void Signal(int number) const;
+    [[nodiscard]] pid_t Id() const { return id_; }
     /// Its exit status; no value when it did not end in time or ended by a signal.
     std::optional<int> Ended(std::chrono::milliseconds limit = std::chrono::seconds(10));
 
@@ -36,9 +37,14 @@ class Program {
     bool gone_ = false;
 };
 
-/// Xvfb with openbox, the same for all tests of the run.
+/// Xvfb, with openbox unless a test wants to do without.
 class Screen {
   public:
+    enum class Manager : bool { None, Openbox };
+
+    /// A screen of its own; `size` as in "800x600".
+    Screen(const std::string& size, Manager manager);
+    /// 1600 x 1000 with a window manager, the same for all tests of the run.
     static Screen& Shared();
 
     [[nodiscard]] const std::string& Display() const { return display_; }
@@ -59,8 +65,6 @@ class Screen {
     [[nodiscard]] std::string WindowTitled(const std::string& title) const;
 
   private:
-    Screen();
-
     std::string display_;
     std::optional<Program> server_;
     std::optional<Program> manager_;
