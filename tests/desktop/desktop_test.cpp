@@ -115,9 +115,9 @@ TEST_F(Desktop, EndsWhateverTheProgramThreadDoes) {
     constexpr const char* kStates[] = {"wait",    "sleep",  "draw",   "ask",
                                        "compute", "dialog", "hide 0", "twice"};
     const char* const wanted = std::getenv("KORVANDI_STARTS");
-    const int starts = wanted == nullptr ? std::ssize(kStates) : std::atoi(wanted);
+    const std::ptrdiff_t starts = wanted == nullptr ? std::ssize(kStates) : std::atoi(wanted);
     long long slowest = 0;
-    for (int start = 0; start < starts; ++start) {
+    for (std::ptrdiff_t start = 0; start < starts; ++start) {
         const std::string state = kStates[start % std::ssize(kStates)];
         OpenProbe();
         Command(state);

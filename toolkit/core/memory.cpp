@@ -161,12 +161,6 @@ Bytes16 KeptBytes(std::int64_t period) {
 
 }  // namespace
 
-bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last) {
-    const std::int64_t end = block.Address + (block.Rows - 1) * block.Stride + block.Bytes;
-    return block.Address >= first && end <= last + 1 &&
-           InMemory(block.Address, end - block.Address);
-}
-
 bool WriteRows(const RowBlock& block, const std::uint8_t* source) {
     if (!LiesWithin(block, 0, t_Memory.size())) return false;
     if (FitsUnit(block, kVector)) {

@@ -80,7 +80,11 @@ struct RowBlock {
 };
 
 /// Whether all of the block lies at the addresses first to last.
-[[nodiscard]] bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last);
+[[nodiscard]] inline bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last) {
+    const std::int64_t end = block.Address + (block.Rows - 1) * block.Stride + block.Bytes;
+    return block.Address >= first && end <= last + 1 &&
+           InMemory(block.Address, end - block.Address);
+}
 
 /// Writes the block from `source`, which holds its rows without gaps.
 bool WriteRows(const RowBlock& block, const std::uint8_t* source);

@@ -196,6 +196,8 @@ consteval std::array<std::uint8_t, 16> PlaceOfPalette() {
 
 template <PixelOrder Order, std::size_t Place>
 KORVANDI_SHUFFLES inline __m128i LookUp(__m128i numbers) {
+    constexpr std::size_t kAlpha = Order == AlphaRedGreenBlue ? 0 : 3;
+    if constexpr (Place == kAlpha) return _mm_set1_epi8(-1);
     static constexpr auto kBytes = PlaceOfPalette<Order, Place>();
     return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(kBytes.data())),
                             numbers);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 #include "toolkit/text/blend.h"
@@ -10,108 +11,125 @@ namespace toolkit {
 
 namespace {
 
-constexpr std::size_t kGroup = 8;  // pixels; whole bytes at every depth
-constexpr std::uint64_t kNoInk = 0;
-constexpr std::uint64_t kFullInk = ~std::uint64_t{0};
-constexpr std::size_t kSlack = 8;
+// The tables of one colour pair.
+struct GlyphColors {
+    const Blend& Blended;
+    const std::array<std::uint8_t, 256>* Nearest;  // at 4 bits alone
+};
 
-// Writes the pixels of a group, as many bytes as the depth has bits; 24 bits write one more.
+constexpr std::size_t kGroup = 16;  // pixels; whole bytes at every depth
+constexpr std::size_t kSlack = 8;   // bytes behind a group that may be written
+
 template <int BitDepth>
-void PutGroup(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key);
+constexpr std::size_t kGroupBytes = kGroup* BitDepth / 8;
+
+// Writes the pixels of a group.
+template <int BitDepth>
+void PutGroup(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors);
 
 template <>
-void PutGroup<1>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& ink = BlendOf(key.Pair).Ink;
+void PutGroup<1>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
     unsigned bits = 0;
-    for (std::size_t i = 0; i < kGroup; ++i) bits = bits << 1U | ink[grey[i]];
-    *to = static_cast<std::uint8_t>(bits);
+    for (std::size_t i = 0; i < kGroup; ++i) bits = bits << 1U | colors.Blended.Ink[grey[i]];
+    to[0] = static_cast<std::uint8_t>(bits >> 8U);
+    to[1] = static_cast<std::uint8_t>(bits);
 }
 
 template <>
-void PutGroup<4>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& nearest = NearestColorsOf(key.Pair);
+void PutGroup<4>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
+    const auto& nearest = *colors.Nearest;
     for (std::size_t i = 0; i < kGroup; i += 2) {
         *to++ = static_cast<std::uint8_t>(nearest[grey[i]] << 4U | nearest[grey[i + 1]]);
     }
 }
 
 template <>
-void PutGroup<8>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& level = BlendOf(key.Pair).Grey;
-    for (std::size_t i = 0; i < kGroup; ++i) to[i] = level[grey[i]];
+void PutGroup<8>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
+    for (std::size_t i = 0; i < kGroup; ++i) to[i] = colors.Blended.Grey[grey[i]];
 }
 
 template <>
-void PutGroup<16>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& level = BlendOf(key.Pair).Grey;
-    for (std::size_t i = 0; i < kGroup; ++i) to[2 * i + 1] = level[grey[i]];
+void PutGroup<16>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
+    for (std::size_t i = 0; i < kGroup; ++i) {
+        to[2 * i] = 0;
+        to[2 * i + 1] = colors.Blended.Grey[grey[i]];
+    }
+}
+
+// Two pixels of three bytes in one word, put together from the low byte up.
+void Put2Pixels(const std::uint8_t* grey, std::uint8_t* to, const Blend& blend) {
+    const std::uint64_t left = std::bit_cast<std::uint32_t>(blend.Mixed[grey[0]]);
+    const std::uint64_t right = std::bit_cast<std::uint32_t>(blend.Mixed[grey[1]]);
+    const std::uint64_t both = left | right << 24U;
+    std::memcpy(to, &both, sizeof both);
 }
 
 template <>
-void PutGroup<24>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& mixed = BlendOf(key.Pair).Mixed;
-    for (std::size_t i = 0; i < kGroup; ++i) std::memcpy(to + 3 * i, mixed[grey[i]].data(), 4);
+void PutGroup<24>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
+    for (std::size_t i = 0; i < kGroup; i += 2) Put2Pixels(grey + i, to + 3 * i, colors.Blended);
 }
 
 template <>
-void PutGroup<32>(const std::uint8_t* grey, std::uint8_t* to, const GlyphKey& key) {
-    const auto& mixed = BlendOf(key.Pair).Mixed;
-    for (std::size_t i = 0; i < kGroup; ++i) std::memcpy(to + 4 * i + 1, mixed[grey[i]].data(), 3);
+void PutGroup<32>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
+    for (std::size_t i = 0; i < kGroup; ++i) {
+        to[4 * i] = 0;
+        std::memcpy(to + 4 * i + 1, colors.Blended.Mixed[grey[i]].data(), 3);
+    }
 }
 
-// Most groups of a glyph are all background or all ink: those are copied.
+bool HasNoInk(const std::uint8_t* grey) {
+    std::uint64_t halves[2];
+    std::memcpy(halves, grey, sizeof halves);
+    return (halves[0] | halves[1]) == 0;
+}
+
+// Many rows of a glyph are bare: those are copied.
 template <int BitDepth>
-void PutGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey, std::uint8_t* to) {
-    std::array<std::uint8_t, 32 + kSlack> background{};
-    std::array<std::uint8_t, 32 + kSlack> foreground{};
+void PutGlyph(const GlyphColors& colors, std::span<const std::uint8_t> grey, std::uint8_t* to) {
+    constexpr std::size_t kBytes = kGroupBytes<BitDepth>;
+    std::array<std::uint8_t, kBytes + kSlack> bare;
     std::array<std::uint8_t, kGroup> greys{};
-    PutGroup<BitDepth>(greys.data(), background.data(), key);
-    greys.fill(255);
-    PutGroup<BitDepth>(greys.data(), foreground.data(), key);
+    PutGroup<BitDepth>(greys.data(), bare.data(), colors);
 
     std::size_t at = 0;
-    for (; at + kGroup <= grey.size(); at += kGroup, to += BitDepth) {
-        std::uint64_t group = 0;
-        std::memcpy(&group, grey.data() + at, kGroup);
-        if (group == kNoInk) {
-            std::memcpy(to, background.data(), BitDepth);
-        } else if (group == kFullInk) {
-            std::memcpy(to, foreground.data(), BitDepth);
+    for (; at + kGroup <= grey.size(); at += kGroup, to += kBytes) {
+        if (HasNoInk(grey.data() + at)) {
+            std::memcpy(to, bare.data(), kBytes);
         } else {
-            PutGroup<BitDepth>(grey.data() + at, to, key);
+            PutGroup<BitDepth>(grey.data() + at, to, colors);
         }
     }
     if (at == grey.size()) return;
-    std::array<std::uint8_t, 32 + kSlack> last{};
-    greys.fill(0);
     std::copy(grey.begin() + static_cast<std::ptrdiff_t>(at), grey.end(), greys.begin());
-    PutGroup<BitDepth>(greys.data(), last.data(), key);
-    std::memcpy(to, last.data(), (grey.size() - at) * BitDepth / 8);
+    PutGroup<BitDepth>(greys.data(), bare.data(), colors);
+    std::memcpy(to, bare.data(), (grey.size() - at) * BitDepth / 8);
 }
 
 }  // namespace
 
 void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
                  std::vector<std::uint8_t>& finished) {
-    finished.assign(grey.size() * key.BitDepth / 8 + kSlack, 0);
+    finished.resize(grey.size() * key.BitDepth / 8 + kSlack);
+    const GlyphColors colors{BlendOf(key.Pair),
+                             key.BitDepth == 4 ? &NearestColorsOf(key.Pair) : nullptr};
     switch (key.BitDepth) {
         case 1:
-            PutGlyph<1>(key, grey, finished.data());
+            PutGlyph<1>(colors, grey, finished.data());
             break;
         case 4:
-            PutGlyph<4>(key, grey, finished.data());
+            PutGlyph<4>(colors, grey, finished.data());
             break;
         case 8:
-            PutGlyph<8>(key, grey, finished.data());
+            PutGlyph<8>(colors, grey, finished.data());
             break;
         case 16:
-            PutGlyph<16>(key, grey, finished.data());
+            PutGlyph<16>(colors, grey, finished.data());
             break;
         case 24:
-            PutGlyph<24>(key, grey, finished.data());
+            PutGlyph<24>(colors, grey, finished.data());
             break;
         case 32:
-            PutGlyph<32>(key, grey, finished.data());
+            PutGlyph<32>(colors, grey, finished.data());
             break;
         default:
             break;
@@ -128,6 +146,11 @@ const std::uint8_t* GlyphStore::Find(const GlyphKey& key, std::span<const std::u
     // All codes of one colour pair have slots of their own.
     Slot& slot = slots_[(key.Symbol + 256U * (key.Pair + 7U * key.BitDepth)) % kSlots];
     if (slot.Key == key && std::ranges::equal(slot.Grey, grey)) return slot.Finished.data();
+    if (slot.Wanted != key) {
+        slot.Wanted = key;
+        FinishGlyph(key, grey, passing_);
+        return passing_.data();
+    }
     bytes_ -= slot.Bytes();
     slot.Key = key;
     slot.Grey.assign(grey.begin(), grey.end());

@@ -18,13 +18,13 @@ struct GlyphKey {
 };
 
 /// Blends the grey values of a glyph. Bytes that drawing leaves as they are (the first of each
-/// pixel at 16 and 32 bits) are 0. `finished` is made to hold the bytes, and up to 8 more.
+/// pixel at 16 and 32 bits) are 0. `finished` is made to hold the bytes, and some more.
 void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
                  std::vector<std::uint8_t>& finished);
 
-/// A few thousand finished glyphs, kept from one drawing to the next. What is kept is found by key
-/// and by the grey values themselves, so that any change of a font is seen; all of it together
-/// takes at most kMostBytes.
+/// A few thousand finished glyphs, kept from the second drawing on, so that one that is drawn once
+/// drives none away. What is kept is found by key and by the grey values themselves, so that any
+/// change of a font is seen; all of it together takes at most kMostBytes.
 class GlyphStore {
   public:
     static constexpr std::size_t kMostBytes = std::size_t{4} << 20U;
@@ -38,6 +38,7 @@ class GlyphStore {
   private:
     struct Slot {
         GlyphKey Key{};
+        GlyphKey Wanted{};  // asked for last: kept if it is asked for once more
         std::vector<std::uint8_t> Grey;
         std::vector<std::uint8_t> Finished;
 
@@ -47,6 +48,7 @@ class GlyphStore {
     static constexpr std::size_t kSlots = 2048;
 
     std::vector<Slot> slots_ = std::vector<Slot>(kSlots);
+    std::vector<std::uint8_t> passing_;  // a glyph that is not kept
     std::size_t bytes_ = 0;
 };
 

@@ -144,6 +144,43 @@ void DrawOrRefuse(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std
     }
 }
 
+// Whether t_PrintSymbol would draw the glyph in all of these cells, and in whole bytes.
+bool TakesStrip(const t_Window& w, std::uint8_t symbol, const toolkit::Span& columns,
+                std::int64_t line) {
+    return w.TextRedirectOutput == 1 && toolkit::IsUsable(w, toolkit::Need::TextBlock) &&
+           !w.Font.Data.empty() && w.Font.Format == kGreyFormat && symbol >= w.Font.Start &&
+           symbol <= w.Font.End && CanDraw(w) && columns.First >= 1 &&
+           columns.First <= columns.Last && Times(w.Font.Width, columns.Last) <= w.Width &&
+           line >= 1 && Times(w.Font.Height, line) <= w.Height &&
+           Place(w, columns.First, line).IsWholeBytes();
+}
+
+// Draws one glyph in a row of cells, pixel row by pixel row; false where that cannot be done.
+bool DrawStrip(const t_Window& w, const toolkit::GlyphKey& key, const toolkit::Span& columns,
+               std::int64_t line) {
+    const toolkit::RowBlock cell = Place(w, columns.First, line).Block();
+    const std::int64_t count = columns.Last - columns.First + 1;
+    const toolkit::RowBlock strip{cell.Address, cell.Stride, cell.Bytes * count, cell.Rows};
+    if (!toolkit::LiesWithin(strip, w.MemoryStart, w.MemoryEnd)) return false;
+    std::vector<std::uint8_t> finished;
+    toolkit::FinishGlyph(key, GlyphData(w.Font, key.Symbol), finished);
+    std::vector<std::uint8_t> pixels(static_cast<std::size_t>(strip.Bytes));
+    const auto length = static_cast<std::size_t>(cell.Bytes);
+    const std::uint8_t* before = nullptr;
+    for (std::int64_t r = 0; r < strip.Rows; ++r) {
+        const std::uint8_t* const row = finished.data() + r * cell.Bytes;
+        if (before == nullptr || !std::equal(row, row + length, before)) {
+            for (std::size_t at = 0; at < pixels.size(); at += length) {
+                std::copy_n(row, length, pixels.data() + at);
+            }
+        }
+        before = row;
+        PutRows({strip.Address + r * strip.Stride, strip.Stride, strip.Bytes, 1}, key.BitDepth,
+                pixels.data());
+    }
+    return true;
+}
+
 void RecordCell(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
                 std::int64_t line) {
     const std::int64_t index = toolkit::CellIndex(w, column, line);
@@ -151,6 +188,26 @@ void RecordCell(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::
     const std::int64_t address = w.TextMemoryStart + index;
     toolkit::Poke(address, symbol);
     toolkit::Poke(address + toolkit::ColorOffset(w), pair);
+}
+
+void RecordCells(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
+                 const toolkit::Span& columns, std::int64_t line) {
+    const std::int64_t first = toolkit::CellIndex(w, columns.First, line);
+    const std::int64_t count = columns.Last - columns.First + 1;
+    if (first >= 0 && toolkit::CellIndex(w, columns.Last, line) == first + count - 1) {
+        toolkit::FillRun(w.TextMemoryStart + first, count, symbol);
+        toolkit::FillRun(w.TextMemoryStart + first + toolkit::ColorOffset(w), count, pair);
+        return;
+    }
+    for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
+        RecordCell(w, symbol, pair, column, line);
+    }
+}
+
+// The foreground colour in the high four bits and the background in the low four trade places in
+// inverse text.
+std::uint8_t PairAsDrawn(const t_Window& w, std::uint8_t color) {
+    return w.TextInverse ? static_cast<std::uint8_t>(color << 4U | color >> 4U) : color;
 }
 
 }  // namespace
@@ -172,7 +229,7 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
                   ", y = ", line, ").");
         return;
     }
-    const auto pair = w->TextInverse ? static_cast<std::uint8_t>(color << 4U | color >> 4U) : color;
+    const std::uint8_t pair = PairAsDrawn(*w, color);
     DrawOrRefuse(*w, symbol, pair, column, line);
     RecordCell(*w, symbol, pair, column, line);
 }
@@ -180,6 +237,12 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
 void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t firstColumn,
                         std::int64_t lastColumn, std::int64_t line) {
     const Span columns = GridSpan(firstColumn, lastColumn);
+    if (t_Window& w = t_Windows[window]; TakesStrip(w, symbol, columns, line)) {
+        const GlyphKey key{symbol, PairAsDrawn(w, w.TextColor),
+                           static_cast<std::uint8_t>(std::int64_t(w.BitDepth))};
+        if (DrawStrip(w, key, columns, line))
+            return RecordCells(w, symbol, key.Pair, columns, line);
+    }
     for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
         t_PrintSymbol(window, symbol, t_Windows[window].TextColor, column, line);
     }
