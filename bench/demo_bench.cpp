@@ -76,7 +76,7 @@ void AddDemonstrationPairs() {
                 PlayOnce();
                 recording = nullptr;
             }
-            Screen::Open(24);
+            if (t_Windows[0].BitDepth != 24 || t_Windows[0].TextWidth != 80) Screen::Open(24);
             t_LoResMode(0, 1);
             t_LoResOffset(0, 0, 8);
             for (const Plot& plot : *plots) {

@@ -40,7 +40,7 @@ while IFS= read -r line; do
 done < <(grep -rnE '^#include "platform/(desktop|headless)/' toolkit game || true)
 
 # What the compiler itself brings along to name a processor's instructions.
-compiler_headers='cpuid\.h|[a-z]mmintrin\.h'
+compiler_headers='cpuid\.h|[a-z]+intrin\.h'
 
 # Foreign headers: the standard library has no capital letter, no slash and no ending.
 while IFS= read -r line; do

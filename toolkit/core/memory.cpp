@@ -139,13 +139,33 @@ struct VectorUnit {
     }
 };
 
-template <typename Unit>
-void CopyRows(const RowBlock& block, const std::uint8_t* source) {
+// With `Units` given, all rows are so many units long.
+template <typename Unit, std::int64_t Units = 0>
+void CopyRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
+    const std::int64_t bytes = Units > 0 ? Units * Unit::kBytes : block.Bytes;
     std::uint8_t* row = t_Memory.data() + block.Address;
-    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += block.Bytes) {
-        for (std::int64_t b = 0; b < block.Bytes; b += Unit::kBytes)
-            Unit::Copy(source + b, row + b);
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += step) {
+        for (std::int64_t b = 0; b < bytes; b += Unit::kBytes) Unit::Copy(source + b, row + b);
     }
+}
+
+// The usual cell is 16 pixels wide: one to four vectors at 8 to 32 bits.
+void CopyVectorRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
+    switch (block.Bytes) {
+        case kVector:
+            return CopyRows<VectorUnit, 1>(block, source, step);
+        case 2 * kVector:
+            return CopyRows<VectorUnit, 2>(block, source, step);
+        case 3 * kVector:
+            return CopyRows<VectorUnit, 3>(block, source, step);
+        default:
+            return CopyRows<VectorUnit>(block, source, step);
+    }
+}
+
+// How far the source goes on from row to row.
+std::int64_t StepOf(const RowBlock& block, RowSource holds) {
+    return holds == RowSource::OneRow ? 0 : block.Bytes;
 }
 
 bool FitsUnit(const RowBlock& block, std::int64_t unit) {
@@ -161,28 +181,31 @@ Bytes16 KeptBytes(std::int64_t period) {
 
 }  // namespace
 
-bool WriteRows(const RowBlock& block, const std::uint8_t* source) {
+bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource holds) {
     if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    const std::int64_t step = StepOf(block, holds);
     if (FitsUnit(block, kVector)) {
-        CopyRows<VectorUnit>(block, source);
+        CopyVectorRows(block, source, step);
     } else if (FitsUnit(block, 8)) {
-        CopyRows<PlainUnit<std::uint64_t>>(block, source);
+        CopyRows<PlainUnit<std::uint64_t>>(block, source, step);
     } else if (FitsUnit(block, 4)) {
-        CopyRows<PlainUnit<std::uint32_t>>(block, source);
+        CopyRows<PlainUnit<std::uint32_t>>(block, source, step);
     } else if (FitsUnit(block, 2)) {
-        CopyRows<PlainUnit<std::uint16_t>>(block, source);
+        CopyRows<PlainUnit<std::uint16_t>>(block, source, step);
     } else {
-        CopyRows<PlainUnit<std::uint8_t>>(block, source);
+        CopyRows<PlainUnit<std::uint8_t>>(block, source, step);
     }
     return true;
 }
 
-bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period) {
+bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period,
+               RowSource holds) {
     if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    const std::int64_t step = StepOf(block, holds);
     const Bytes16 kept = KeptBytes(period);
     const bool vectors = FitsUnit(block, kVector);
     std::uint8_t* row = t_Memory.data() + block.Address;
-    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += block.Bytes) {
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += step) {
         for (std::int64_t b = 0; vectors && b < block.Bytes; b += kVector) {
             Bytes16 bytes;
             std::memcpy(&bytes, source + b, kVector);

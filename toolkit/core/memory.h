@@ -86,11 +86,16 @@ struct RowBlock {
            InMemory(block.Address, end - block.Address);
 }
 
-/// Writes the block from `source`, which holds its rows without gaps.
-bool WriteRows(const RowBlock& block, const std::uint8_t* source);
+/// What the source of a block holds: all of its rows without gaps, or the one that all of them are.
+enum class RowSource : std::uint8_t { AllRows, OneRow };
+
+/// Writes the block from `source`.
+bool WriteRows(const RowBlock& block, const std::uint8_t* source,
+               RowSource holds = RowSource::AllRows);
 
 /// The same, but every `period`-th byte of a row, from its first one on, keeps what it holds.
 /// `period` is 2 or 4 and divides Bytes; `source` holds 0 in the places that keep.
-bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period);
+bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period,
+               RowSource holds = RowSource::AllRows);
 
 }  // namespace toolkit

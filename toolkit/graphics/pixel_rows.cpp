@@ -12,6 +12,7 @@
 
 #include "toolkit/core/shared_bytes.h"
 #include "toolkit/graphics/palette.h"
+#include "toolkit/graphics/wide_pixels.h"
 
 // Every depth has one plain loop, right on every machine. From 4 bits on there is also one that
 // takes 16 source bytes or pixels at a time by byte shuffles, which x86 has from SSSE3 on.
@@ -288,6 +289,11 @@ PixelConverter Converter(std::int64_t bitDepth) {
 }  // namespace
 
 PixelConverter ConverterFor(std::int64_t bitDepth, PixelOrder order) {
+    const PixelConverter wide = WideConverterFor(bitDepth, order);
+    return wide.Convert != nullptr ? wide : NarrowConverterFor(bitDepth, order);
+}
+
+PixelConverter NarrowConverterFor(std::int64_t bitDepth, PixelOrder order) {
     return order == AlphaRedGreenBlue ? Converter<AlphaRedGreenBlue>(bitDepth)
                                       : Converter<BlueGreenRedAlpha>(bitDepth);
 }

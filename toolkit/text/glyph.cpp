@@ -1,6 +1,7 @@
 #include "toolkit/text/glyph.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <span>
@@ -22,8 +23,9 @@ namespace {
 
 constexpr std::int64_t kGreyFormat = 2;
 constexpr std::int64_t kOtherFormats[] = {0, 100, 102};
-constexpr std::int64_t kLargestSide = 8192;    // of a picture, and so of a glyph
-constexpr std::int64_t kLargestKept = 16'384;  // pixels of a glyph that is kept finished
+constexpr std::int64_t kLargestSide = 8192;            // of a picture, and so of a glyph
+constexpr std::int64_t kLargestKept = 16'384;          // pixels of a glyph that is kept finished
+constexpr std::size_t kLongestRow = 4 * kLargestSide;  // bytes of a picture
 
 // Where a glyph lies in the window's picture, in bits of its rows.
 struct Place {
@@ -72,27 +74,37 @@ std::span<const std::uint8_t> GlyphData(const t_Font& font, std::uint8_t symbol)
 }
 
 // At 16 and 32 bits the first byte of a pixel keeps what it holds.
-void PutRows(const toolkit::RowBlock& block, std::int64_t depth, const std::uint8_t* finished) {
+void PutRows(const toolkit::RowBlock& block, std::int64_t depth, const std::uint8_t* finished,
+             toolkit::RowSource holds) {
     if (depth == 16 || depth == 32) {
-        toolkit::MergeRows(block, finished, depth / 8);
+        toolkit::MergeRows(block, finished, depth / 8, holds);
     } else {
-        toolkit::WriteRows(block, finished);
+        toolkit::WriteRows(block, finished, holds);
     }
 }
 
-// The store serves one thread at a time; who finds it busy does without.
-void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
-                   std::span<const std::uint8_t> grey) {
+// Has `use` work with the finished glyph. The store serves one thread at a time; who finds it busy
+// does without.
+template <typename Use>
+void WithFinished(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey,
+                  const Use& use) {
     static toolkit::GlyphStore& store = *new toolkit::GlyphStore;
     static std::atomic_flag busy;
     if (std::ssize(grey) <= kLargestKept && !busy.test_and_set(std::memory_order_acquire)) {
-        PutRows(block, key.BitDepth, store.Find(key, grey));
+        use(store.Find(key, grey));
         busy.clear(std::memory_order_release);
         return;
     }
     std::vector<std::uint8_t> finished;
     toolkit::FinishGlyph(key, grey, finished);
-    PutRows(block, key.BitDepth, finished.data());
+    use(finished.data());
+}
+
+void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
+                   std::span<const std::uint8_t> grey) {
+    WithFinished(key, grey, [&](const std::uint8_t* finished) {
+        PutRows(block, key.BitDepth, finished, toolkit::RowSource::AllRows);
+    });
 }
 
 // A glyph whose rows begin or end inside a byte: the other pixels of that byte keep their colours.
@@ -155,6 +167,25 @@ bool TakesStrip(const t_Window& w, std::uint8_t symbol, const toolkit::Span& col
            Place(w, columns.First, line).IsWholeBytes();
 }
 
+// Writes a glyph with rows of `length` bytes as often as it fits into the block. Rows that are
+// alike are put together and written at once.
+void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int64_t depth,
+                   const std::uint8_t* finished) {
+    std::array<std::uint8_t, kLongestRow> pixels;  // written before it is read
+    std::int64_t next = 0;
+    for (std::int64_t r = 0; r < block.Rows; r = next) {
+        const std::uint8_t* const row = finished + r * length;
+        while (++next < block.Rows && std::equal(row, row + length, finished + next * length)) {
+        }
+        std::copy_n(row, length, pixels.data());
+        for (std::int64_t have = length; have < block.Bytes; have *= 2) {
+            std::copy_n(pixels.data(), std::min(have, block.Bytes - have), pixels.data() + have);
+        }
+        PutRows({block.Address + r * block.Stride, block.Stride, block.Bytes, next - r}, depth,
+                pixels.data(), toolkit::RowSource::OneRow);
+    }
+}
+
 // Draws one glyph in a row of cells, pixel row by pixel row; false where that cannot be done.
 bool DrawStrip(const t_Window& w, const toolkit::GlyphKey& key, const toolkit::Span& columns,
                std::int64_t line) {
@@ -162,22 +193,9 @@ bool DrawStrip(const t_Window& w, const toolkit::GlyphKey& key, const toolkit::S
     const std::int64_t count = columns.Last - columns.First + 1;
     const toolkit::RowBlock strip{cell.Address, cell.Stride, cell.Bytes * count, cell.Rows};
     if (!toolkit::LiesWithin(strip, w.MemoryStart, w.MemoryEnd)) return false;
-    std::vector<std::uint8_t> finished;
-    toolkit::FinishGlyph(key, GlyphData(w.Font, key.Symbol), finished);
-    std::vector<std::uint8_t> pixels(static_cast<std::size_t>(strip.Bytes));
-    const auto length = static_cast<std::size_t>(cell.Bytes);
-    const std::uint8_t* before = nullptr;
-    for (std::int64_t r = 0; r < strip.Rows; ++r) {
-        const std::uint8_t* const row = finished.data() + r * cell.Bytes;
-        if (before == nullptr || !std::equal(row, row + length, before)) {
-            for (std::size_t at = 0; at < pixels.size(); at += length) {
-                std::copy_n(row, length, pixels.data() + at);
-            }
-        }
-        before = row;
-        PutRows({strip.Address + r * strip.Stride, strip.Stride, strip.Bytes, 1}, key.BitDepth,
-                pixels.data());
-    }
+    WithFinished(key, GlyphData(w.Font, key.Symbol), [&](const std::uint8_t* finished) {
+        PutSideBySide(strip, cell.Bytes, key.BitDepth, finished);
+    });
     return true;
 }
 

@@ -1,0 +1,224 @@
+#include "toolkit/graphics/wide_pixels.h"
+
+#include "toolkit/core/shared_bytes.h"
+
+#if defined(__x86_64__) && !defined(KORVANDI_WORDS_ONLY)
+
+#if !defined(__clang__)
+// GCC 12 takes the placeholders in its own header for values (its bug 105593).
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+#include <immintrin.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "toolkit/graphics/palette.h"
+
+// Sixteen finished pixels are one vector. Each of its bytes is a byte of the source or of the
+// palette, which is one vector too: a pixel of any depth takes one or two shuffles.
+
+namespace toolkit {
+
+namespace {
+
+using enum platform::PixelOrder;
+using platform::PixelOrder;
+
+#define KORVANDI_WIDE __attribute__((target("avx512f,avx512bw,avx512dq,avx512vbmi")))
+
+constexpr std::int64_t kPixels = 16;  // of a vector
+constexpr std::int64_t kVector = 64;
+
+using Bytes64 = std::array<std::uint8_t, 64>;
+
+// Where byte `place` of a finished pixel comes from.
+enum Component : std::uint8_t { kRed, kGreen, kBlue, kAlpha };
+
+template <PixelOrder Order>
+constexpr Component ComponentAt(std::size_t place) {
+    constexpr std::array<Component, 4> kFront = {kAlpha, kRed, kGreen, kBlue};
+    constexpr std::array<Component, 4> kBack = {kBlue, kGreen, kRed, kAlpha};
+    return (Order == AlphaRedGreenBlue ? kFront : kBack).at(place);
+}
+
+// A vector whose byte i is what `byteOf` says.
+template <typename ByteOf>
+consteval Bytes64 Made(const ByteOf& byteOf) {
+    Bytes64 bytes{};
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        bytes.at(i) = static_cast<std::uint8_t>(byteOf(i));
+    }
+    return bytes;
+}
+
+template <PixelOrder Order>
+constexpr Bytes64 kPalette = Made([](std::size_t i) -> int {
+    switch (ComponentAt<Order>(i % 4)) {
+        case kRed:
+            return t_Palette.Red[i / 4];
+        case kGreen:
+            return t_Palette.Green[i / 4];
+        case kBlue:
+            return t_Palette.Blue[i / 4];
+        default:
+            return 255;
+    }
+});
+
+template <PixelOrder Order>
+constexpr Bytes64 kOpaque = Made([](std::size_t i) {
+    return ComponentAt<Order>(i % 4) == kAlpha ? 255 : 0;
+});
+
+// From which byte of sixteen source pixels a byte is taken, at 8 bits and more.
+template <int BitDepth, PixelOrder Order>
+constexpr Bytes64 kSource = Made([](std::size_t i) -> std::size_t {
+    const std::size_t component = ComponentAt<Order>(i % 4) % kAlpha;
+    const std::size_t pixel = i / 4;
+    if constexpr (BitDepth == 8) return pixel;
+    if constexpr (BitDepth == 16) return 2 * pixel + 1;
+    if constexpr (BitDepth == 24) return 3 * pixel + component;
+    return 4 * pixel + 1 + component;
+});
+
+// At 4 bits: where in the eight source bytes the eight bits begin in which the pixel's number
+// stands two bits from below; those bits; and the byte's place in the pixel.
+constexpr Bytes64 kNumberAt = Made([](std::size_t i) {
+    const std::size_t pixel = i / 4;
+    return (pixel / 2 * 8 + (pixel % 2 == 0 ? 4 : 0) + 62) % 64;
+});
+constexpr Bytes64 kNumber = Made([](std::size_t /*i*/) { return 0x3C; });
+constexpr Bytes64 kPlace = Made([](std::size_t i) { return i % 4; });
+
+// At 1 bit: the pixel's bit in two source bytes.
+constexpr Bytes64 kBitOfPixel = Made([](std::size_t i) {
+    const std::size_t pixel = i / 4;
+    return i % 4 == pixel / 8 ? 0x80U >> pixel % 8 : 0U;
+});
+
+KORVANDI_WIDE inline __m512i Vector(const Bytes64& bytes) {
+    return _mm512_loadu_si512(bytes.data());
+}
+
+template <std::size_t Count>
+const auto& Memory(const std::uint8_t* at) {
+    return *reinterpret_cast<const std::uint8_t(*)[Count]>(at);
+}
+
+// The bytes of sixteen source pixels, at the front or again and again. Other threads may be writing
+// them: the instructions are written out, so that each byte is read once.
+template <int BitDepth>
+KORVANDI_WIDE inline __m512i Load(const std::uint8_t* from) {
+    __m512i bytes;
+    if constexpr (BitDepth == 1) {
+        asm volatile("vpbroadcastw %1, %0" : "=v"(bytes) : "m"(Memory<2>(from)));
+    } else if constexpr (BitDepth == 4) {
+        asm volatile("vpbroadcastq %1, %0" : "=v"(bytes) : "m"(Memory<8>(from)));
+    } else if constexpr (BitDepth == 8) {
+        asm volatile("vbroadcasti32x4 %1, %0" : "=v"(bytes) : "m"(Memory<16>(from)));
+    } else if constexpr (BitDepth == 16) {
+        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(Memory<32>(from)));
+    } else if constexpr (BitDepth == 24) {
+        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(Memory<32>(from)));
+        asm volatile("vinserti32x4 $2, %1, %0, %0" : "+v"(bytes) : "m"(Memory<16>(from + 32)));
+    } else {
+        asm volatile("vmovdqu64 %1, %0" : "=v"(bytes) : "m"(Memory<64>(from)));
+    }
+    return bytes;
+}
+
+template <int BitDepth, PixelOrder Order>
+KORVANDI_WIDE inline __m512i Finish(__m512i source) {
+    if constexpr (BitDepth == 1) {
+        const __m512i palette = Vector(kPalette<Order>);
+        const __m512i black = _mm512_broadcastd_epi32(_mm512_castsi512_si128(palette));
+        const __m512i white = _mm512_permutexvar_epi32(_mm512_set1_epi32(15), palette);
+        return _mm512_mask_blend_epi32(_mm512_test_epi32_mask(source, Vector(kBitOfPixel)), black,
+                                       white);
+    } else if constexpr (BitDepth == 4) {
+        const __m512i shifted = _mm512_multishift_epi64_epi8(Vector(kNumberAt), source);
+        const __m512i index =
+            _mm512_or_si512(_mm512_and_si512(shifted, Vector(kNumber)), Vector(kPlace));
+        return _mm512_permutexvar_epi8(index, Vector(kPalette<Order>));
+    } else {
+        return _mm512_or_si512(_mm512_permutexvar_epi8(Vector(kSource<BitDepth, Order>), source),
+                               Vector(kOpaque<Order>));
+    }
+}
+
+struct Write {
+    KORVANDI_WIDE static bool Put(__m512i fresh, std::uint8_t* place) {
+        _mm512_storeu_si512(place, fresh);
+        return false;
+    }
+};
+
+struct Compare {
+    KORVANDI_WIDE static bool Put(__m512i fresh, const std::uint8_t* place) {
+        return _mm512_cmpneq_epi64_mask(fresh, _mm512_loadu_si512(place)) != 0;
+    }
+};
+
+template <int BitDepth, PixelOrder Order, typename Use, PixelLoop PixelConverter::*Rest>
+KORVANDI_WIDE bool Wide(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
+    for (; count >= kPixels; count -= kPixels, source += kPixels * BitDepth / 8) {
+        if (Use::Put(Finish<BitDepth, Order>(Load<BitDepth>(source)), pixels)) return true;
+        pixels += kVector;
+    }
+    if (count == 0) return false;
+    return (NarrowConverterFor(BitDepth, Order).*Rest)(source, pixels, count);
+}
+
+template <PixelOrder Order, int BitDepth>
+PixelConverter Converter() {
+    return {Wide<BitDepth, Order, Write, &PixelConverter::Convert>,
+            Wide<BitDepth, Order, Compare, &PixelConverter::Differs>};
+}
+
+template <PixelOrder Order>
+PixelConverter Converter(std::int64_t bitDepth) {
+    switch (bitDepth) {
+        case 1:
+            return Converter<Order, 1>();
+        case 4:
+            return Converter<Order, 4>();
+        case 8:
+            return Converter<Order, 8>();
+        case 16:
+            return Converter<Order, 16>();
+        case 24:
+            return Converter<Order, 24>();
+        case 32:
+            return Converter<Order, 32>();
+        default:
+            return {};
+    }
+}
+
+bool HasWideShuffles() {
+    static const bool has = __builtin_cpu_supports("avx512bw") != 0 &&
+                            __builtin_cpu_supports("avx512dq") != 0 &&
+                            __builtin_cpu_supports("avx512vbmi") != 0;
+    return has;
+}
+
+}  // namespace
+
+PixelConverter WideConverterFor(std::int64_t bitDepth, PixelOrder order) {
+    if (!HasWideShuffles()) return {};
+    return order == AlphaRedGreenBlue ? Converter<AlphaRedGreenBlue>(bitDepth)
+                                      : Converter<BlueGreenRedAlpha>(bitDepth);
+}
+
+}  // namespace toolkit
+
+#else
+
+toolkit::PixelConverter toolkit::WideConverterFor(std::int64_t /*bitDepth*/,
+                                                  platform::PixelOrder /*order*/) {
+    return {};
+}
+
+#endif

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "toolkit/graphics/pixel_rows.h"
+
+namespace toolkit {
+
+/// The same as ConverterFor, by vectors of 64 bytes; an empty one where the processor has none that
+/// can be shuffled byte by byte.
+[[nodiscard]] PixelConverter WideConverterFor(std::int64_t bitDepth, platform::PixelOrder order);
+
+}  // namespace toolkit
