@@ -24,8 +24,9 @@ test:
 bench:
 	@tools/setup.sh test
 	cmake --preset release
-	cmake --build --preset release -j $(JOBS) --target korvandi_bench
+	cmake --build --preset release -j $(JOBS)
 	build/release/bin/korvandi_bench
+	build/release/bin/korvandi_window_bench
 
 # The test run under the address and undefined-behaviour sanitizers, and under the thread sanitizer.
 asan tsan:

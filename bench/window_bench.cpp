@@ -1,0 +1,100 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <thread>
+
+#include "tests/desktop/screen.h"
+
+// The windowed program beside a bare window with menus, on a screen of its own: the time from the
+// start of the process to its first picture, the processor time at 30 pictures a second, the
+// resident memory. Both take turns, and the smaller figures count.
+
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr int kStarts = 20;
+constexpr int kLooks = 3;
+constexpr std::chrono::seconds kLook(4);
+constexpr double kPictureKiB = 1280.0 * 800 * 4 / 1024;
+
+// Processor seconds that a process has used.
+double ProcessorSeconds(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string line;
+    std::getline(file, line);
+    std::istringstream words(line.substr(line.rfind(')') + 2));
+    std::string skipped;
+    for (int i = 0; i < 11; ++i) words >> skipped;
+    double user = 0;
+    double system = 0;
+    words >> user >> system;
+    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+double ResidentKiB(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string word; status >> word;) {
+        double size = 0;
+        if (word == "VmRSS:" && status >> size) return size;
+    }
+    return 0;
+}
+
+struct Figures {
+    double FirstPicture = 1e9;  // milliseconds
+    double Share = 1e9;         // per cent of a core
+    double Resident = 1e9;      // KiB
+};
+
+void MeasureStart(const std::string& program, Figures& figures) {
+    const auto start = steady_clock::now();
+    Program started({program, "0"}, Screen::Shared().Display());
+    if (!started.Line("shown")) return;
+    const std::chrono::duration<double, std::milli> took = steady_clock::now() - start;
+    figures.FirstPicture = std::min(figures.FirstPicture, took.count());
+}
+
+void MeasureRun(const std::string& program, Figures& figures) {
+    Program started({program, "30"}, Screen::Shared().Display());
+    if (!started.Line("shown")) return;
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    const double before = ProcessorSeconds(started.Id());
+    std::this_thread::sleep_for(kLook);
+    const double used = ProcessorSeconds(started.Id()) - before;
+    figures.Share = std::min(figures.Share, 100 * used / static_cast<double>(kLook.count()));
+    figures.Resident = std::min(figures.Resident, ResidentKiB(started.Id()));
+}
+
+void PrintRow(const char* work, double figure, double limit, double goal, const char* unit) {
+    const double ratio = figure / limit;
+    std::printf("%-44s %9.1f %-3s %9.1f %-3s %6.2f %6.2f %s\n", work, figure, unit, limit, unit,
+                ratio, goal, ratio <= goal ? "holds" : "MISSED");
+}
+
+}  // namespace
+
+int main() {
+    Figures ours;
+    Figures bare;
+    for (int i = 0; i < kStarts; ++i) {
+        MeasureStart(KORVANDI_WINDOW_PROGRAM, ours);
+        MeasureStart(KORVANDI_BARE_WINDOW, bare);
+    }
+    for (int i = 0; i < kLooks; ++i) {
+        MeasureRun(KORVANDI_WINDOW_PROGRAM, ours);
+        MeasureRun(KORVANDI_BARE_WINDOW, bare);
+    }
+    std::printf("%-44s %13s %13s %6s %6s\n", "work", "figure", "bare window", "ratio", "goal");
+    PrintRow("window: first picture", ours.FirstPicture, bare.FirstPicture, 1.5, "ms");
+    PrintRow("window: processor time at 30 pictures a s", ours.Share, bare.Share, 1.0, "%");
+    PrintRow("window: resident, bare + 16 MiB + 2 pictures", ours.Resident,
+             bare.Resident + 16 * 1024 + 2 * kPictureKiB, 1.1, "KiB");
+    return 0;
+}
