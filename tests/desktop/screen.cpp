@@ -57,6 +57,8 @@ Program::~Program() {
     close(input_);
     close(output_);
     if (gone_ || id_ < 0) return;
+    kill(id_, SIGTERM);
+    if (Ended(std::chrono::seconds(2)) || gone_) return;
     kill(id_, SIGKILL);
     waitpid(id_, nullptr, 0);
 }

@@ -135,11 +135,21 @@ TEST_F(Glyphs, AreDrawnPixelByPixelAndStayInTheirWindow) {
             const std::uint8_t color = random.Byte();
             const std::int64_t column = random.Between(0, w.Width / w.Font.Width + 1);
             const std::int64_t line = random.Between(0, w.Height / w.Font.Height + 1);
-            const bool fits = column >= 1 && line >= 1 && column * w.Font.Width <= w.Width &&
-                              line * w.Font.Height <= w.Height;
-            if (fits) model.Draw(w, symbol, color, column, line);
-            EXPECT_EQ(Printed([&] { t_PrintSymbol(1, symbol, color, column, line); }),
-                      fits ? "" : Outside(column, line));
+            // One cell, or a row of cells.
+            const std::int64_t last = column + (random.Coin() ? 0 : random.Between(-1, 5));
+            std::string lines;
+            for (std::int64_t x = column; x <= last; ++x) {
+                const bool fits = x >= 1 && line >= 1 && x * w.Font.Width <= w.Width &&
+                                  line * w.Font.Height <= w.Height;
+                if (fits) model.Draw(w, symbol, color, x, line);
+                if (!fits) lines += Outside(x, line);
+            }
+            w.TextColor = color;
+            EXPECT_EQ(Printed([&] {
+                          last == column ? t_PrintSymbol(1, symbol, color, column, line)
+                                         : t_TextHline(1, column, last, line, symbol);
+                      }),
+                      lines);
             ASSERT_EQ(Model(), model) << depth << " bits, step " << i;
         }
     }
