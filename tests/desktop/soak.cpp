@@ -55,7 +55,7 @@ class Person {
     void ShowTheGame() {
         screen_.Press("Escape");
         screen_.Press("ctrl+shift+0");
-        const std::string windows = screen_.Do("search --onlyvisible --name '^Korvandi$'");
+        const std::string windows = screen_.Do("search --onlyvisible --name '^Probe$'");
         Do("windowactivate " + windows.substr(0, windows.find('\n')));
     }
 
@@ -88,7 +88,7 @@ int Soak(double minutes, unsigned seed) {
     const Screen& screen = Screen::Shared();
     Program game({KORVANDI_PROBE}, screen.Display());
     game.Say("play");
-    if (screen.WindowTitled("Korvandi").empty()) return 1;
+    if (screen.WindowTitled("Probe").empty()) return 1;
     Person person(screen, seed);
     person.ShowTheGame();
     const auto start = steady_clock::now();
@@ -98,6 +98,7 @@ int Soak(double minutes, unsigned seed) {
     long early = 0;  // resident after a tenth of the time
     std::string last;
     while (elapsed() < minutes) {
+        person.ShowTheGame();
         for (int i = 0; i < kHowManyBetweenLooks; ++i) person.DoSomething();
         if (const auto line = game.Line("probe: frames", std::chrono::seconds(1))) last = *line;
         if (early == 0 && elapsed() > minutes / 10) early = ResidentKiB(game.Id());
