@@ -13,6 +13,7 @@ namespace fuzz {
 namespace {
 
 constexpr std::int64_t kNeighbourDepth = 8;
+constexpr std::int64_t kUsed = 0x1'0000;  // bytes that small windows take
 
 }  // namespace
 
@@ -59,7 +60,9 @@ Toolkit::Toolkit() : Delegate(nullptr) {
 Toolkit& Toolkit::Fresh() {
     static auto& toolkit = *new Toolkit;
     t_Windows.fill(t_Window());
-    t_HighMemory = 0xFFFFFF;
+    t_HighMemory = toolkit::kHighestAddress;
+    // What an input finds in the memory never comes from the one before.
+    toolkit::FillRun(toolkit::kHighestAddress + 1 - kUsed, kUsed, 0);
     t_EventQueue.Clear();
     t_CurrentEvent = t_Event();
     return toolkit;
