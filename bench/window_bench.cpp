@@ -38,15 +38,6 @@ double ProcessorSeconds(pid_t process) {
     return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
-double ResidentKiB(pid_t process) {
-    std::ifstream status("/proc/" + std::to_string(process) + "/status");
-    for (std::string word; status >> word;) {
-        double size = 0;
-        if (word == "VmRSS:" && status >> size) return size;
-    }
-    return 0;
-}
-
 struct Figures {
     double FirstPicture = 1e9;  // milliseconds
     double Share = 1e9;         // per cent of a core
@@ -69,7 +60,7 @@ void MeasureRun(const std::string& program, Figures& figures) {
     std::this_thread::sleep_for(kLook);
     const double used = ProcessorSeconds(started.Id()) - before;
     figures.Share = std::min(figures.Share, 100 * used / static_cast<double>(kLook.count()));
-    figures.Resident = std::min(figures.Resident, ResidentKiB(started.Id()));
+    figures.Resident = std::min(figures.Resident, static_cast<double>(started.ResidentKiB()));
 }
 
 void PrintRow(const char* work, double figure, double limit, double goal, const char* unit) {

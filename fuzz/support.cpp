@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/interface.h"
+#include "tests/support/random.h"
 #include "toolkit/core/output.h"
 
 namespace fuzz {
@@ -69,17 +70,8 @@ Toolkit& Toolkit::Fresh() {
 }
 
 t_Font GreyFont(std::int64_t width, std::int64_t height) {
-    t_Font font;
-    font.Format = 2;
-    font.End = 255;
-    font.Width = width;
-    font.Height = height;
-    for (std::int64_t code = 0; code < 256; ++code) {
-        for (std::int64_t i = 0; i < width * height; ++i) {
-            const std::int64_t grey = code == ' ' ? 0 : i % 3 == 0 ? code : (code * 37 + i * 91);
-            font.Data.push_back(static_cast<std::uint8_t>(grey));
-        }
-    }
+    t_Font font = Random().GreyFont(width, height);
+    std::fill_n(font.Data.begin() + ' ' * width * height, width * height, std::uint8_t{0});
     return font;
 }
 

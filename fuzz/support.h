@@ -48,8 +48,7 @@ class Toolkit {
     Toolkit();
 };
 
-/// A font whose glyphs are `width` x `height` pixels of greys that differ from code to code; the
-/// blank is empty.
+/// A font of glyphs of any greys; the blank is empty.
 [[nodiscard]] t_Font GreyFont(std::int64_t width, std::int64_t height);
 
 /// The bytes from one address to another, both included.

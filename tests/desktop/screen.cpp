@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 namespace {
 
@@ -87,6 +88,15 @@ std::optional<std::string> Program::Line(const std::string& beginning, std::chro
         if (count <= 0) return {};
         unread_.append(chunk.data(), static_cast<std::size_t>(count));
     }
+}
+
+long Program::ResidentKiB() const {
+    std::ifstream status("/proc/" + std::to_string(id_) + "/status");
+    for (std::string word; status >> word;) {
+        long size = 0;
+        if (word == "VmRSS:" && status >> size) return size;
+    }
+    return 0;
 }
 
 void Program::Signal(int number) const {

@@ -26,6 +26,8 @@ class Program {
                                     std::chrono::seconds limit = std::chrono::seconds(20));
     void Signal(int number) const;
     [[nodiscard]] pid_t Id() const { return id_; }
+    /// Resident memory in KiB; 0 when the program has ended.
+    [[nodiscard]] long ResidentKiB() const;
     /// Its exit status; no value when it did not end in time or ended by a signal.
     std::optional<int> Ended(std::chrono::milliseconds limit = std::chrono::seconds(10));
 

@@ -1,7 +1,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
@@ -74,16 +73,6 @@ class Person {
     std::mt19937 random_;
 };
 
-// Resident memory of a process in KiB; 0 when it is gone.
-long ResidentKiB(pid_t process) {
-    std::ifstream status("/proc/" + std::to_string(process) + "/status");
-    for (std::string word; status >> word;) {
-        long size = 0;
-        if (word == "VmRSS:" && status >> size) return size;
-    }
-    return 0;
-}
-
 int Soak(double minutes, unsigned seed) {
     const Screen& screen = Screen::Shared();
     Program game({KORVANDI_PROBE}, screen.Display());
@@ -101,14 +90,14 @@ int Soak(double minutes, unsigned seed) {
         person.ShowTheGame();
         for (int i = 0; i < kHowManyBetweenLooks; ++i) person.DoSomething();
         if (const auto line = game.Line("probe: frames", std::chrono::seconds(1))) last = *line;
-        if (early == 0 && elapsed() > minutes / 10) early = ResidentKiB(game.Id());
-        if (ResidentKiB(game.Id()) == 0) {
+        if (early == 0 && elapsed() > minutes / 10) early = game.ResidentKiB();
+        if (game.ResidentKiB() == 0) {
             std::printf("CRASH after %.1f minutes, status %d\n", elapsed(),
                         game.Ended().value_or(-1));
             return 1;
         }
     }
-    const long late = ResidentKiB(game.Id());
+    const long late = game.ResidentKiB();
     game.Signal(SIGTERM);
     const int status = game.Ended().value_or(-1);
     std::printf("%.1f minutes, seed %u, no crash, ended with status %d\n", elapsed(), seed, status);
