@@ -27,7 +27,41 @@ constexpr std::int64_t kLargestSide = 8192;            // of a picture, and so o
 constexpr std::int64_t kLargestKept = 16'384;          // pixels of a glyph that is kept finished
 constexpr std::size_t kLongestRow = 4 * kLargestSide;  // bytes of a picture
 
-// Where a glyph lies in the window's picture, in bits of its rows.
+// What drawing needs of a record, read once: a thread that sets the window up anew meanwhile may
+// spoil the picture, never more.
+struct Target {
+    std::int64_t BitDepth;
+    std::int64_t Width;
+    std::int64_t Height;
+    std::int64_t Start;
+    std::int64_t End;
+    const t_Font& Font;
+
+    explicit Target(const t_Window& w)
+        : BitDepth(w.BitDepth),
+          Width(w.Width),
+          Height(w.Height),
+          Start(w.MemoryStart),
+          End(w.MemoryEnd),
+          Font(w.Font) {}
+
+    // A picture and a font that drawing can count with, whatever a program wrote into the record.
+    [[nodiscard]] bool CanBeDrawn() const {
+        constexpr std::int64_t kDepths[] = {1, 4, 8, 16, 24, 32};
+        const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLargestSide; };
+        return isSide(Font.Width) && isSide(Font.Height) && isSide(Width) && isSide(Height) &&
+               Start >= 0 && std::ranges::find(kDepths, BitDepth) != std::end(kDepths);
+    }
+    [[nodiscard]] bool Contains(std::int64_t column, std::int64_t line) const {
+        return column >= 1 && line >= 1 && Times(Font.Width, column) <= Width &&
+               Times(Font.Height, line) <= Height;
+    }
+    [[nodiscard]] toolkit::GlyphKey Key(std::uint8_t symbol, std::uint8_t pair) const {
+        return {symbol, pair, static_cast<std::uint8_t>(BitDepth)};
+    }
+};
+
+// Where a glyph lies in the target's picture, in bits of its rows.
 struct Place {
     std::int64_t FirstBit;
     std::int64_t Bits;
@@ -35,30 +69,18 @@ struct Place {
     std::int64_t Address;   // of the first row
     std::int64_t Rows;
 
-    Place(const t_Window& w, std::int64_t column, std::int64_t line)
-        : FirstBit((column - 1) * w.Font.Width * w.BitDepth),
-          Bits(w.Font.Width * w.BitDepth),
-          RowBytes(w.Width * w.BitDepth / 8),
-          Address(w.MemoryStart + (line - 1) * w.Font.Height * RowBytes + FirstBit / 8),
-          Rows(w.Font.Height) {}
+    Place(const Target& t, std::int64_t column, std::int64_t line)
+        : FirstBit((column - 1) * t.Font.Width * t.BitDepth),
+          Bits(t.Font.Width * t.BitDepth),
+          RowBytes(t.Width * t.BitDepth / 8),
+          Address(t.Start + (line - 1) * t.Font.Height * RowBytes + FirstBit / 8),
+          Rows(t.Font.Height) {}
 
     [[nodiscard]] bool IsWholeBytes() const { return FirstBit % 8 == 0 && Bits % 8 == 0; }
     [[nodiscard]] toolkit::RowBlock Block() const {
         return {Address, RowBytes, (FirstBit % 8 + Bits + 7) / 8, Rows};
     }
 };
-
-bool HasKnownDepth(std::int64_t depth) {
-    constexpr std::int64_t kDepths[] = {1, 4, 8, 16, 24, 32};
-    return std::ranges::find(kDepths, depth) != std::end(kDepths);
-}
-
-// A picture and a font that drawing can count with, whatever a program wrote into the record.
-bool CanDraw(const t_Window& w) {
-    const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLargestSide; };
-    return isSide(w.Font.Width) && isSide(w.Font.Height) && isSide(w.Width) && isSide(w.Height) &&
-           w.MemoryStart >= 0 && HasKnownDepth(w.BitDepth);
-}
 
 // The grey values of a glyph, or blanks where the font's data does not hold all of it.
 std::span<const std::uint8_t> GlyphData(const t_Font& font, std::uint8_t symbol) {
@@ -131,16 +153,16 @@ void PutPartBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
 
 void DrawGlyph(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
                std::int64_t line) {
-    if (!CanDraw(w)) return;
-    const Place place(w, column, line);
+    const Target target(w);
+    if (!target.CanBeDrawn() || !target.Contains(column, line)) return;
+    const Place place(target, column, line);
     const toolkit::RowBlock block = place.Block();
-    if (!toolkit::LiesWithin(block, w.MemoryStart, w.MemoryEnd)) return;
-    const toolkit::GlyphKey key{symbol, pair, static_cast<std::uint8_t>(std::int64_t(w.BitDepth))};
-    const std::span<const std::uint8_t> grey = GlyphData(w.Font, symbol);
+    if (!toolkit::LiesWithin(block, target.Start, target.End)) return;
+    const std::span<const std::uint8_t> grey = GlyphData(target.Font, symbol);
     if (place.IsWholeBytes()) {
-        PutWholeBytes(block, key, grey);
+        PutWholeBytes(block, target.Key(symbol, pair), grey);
     } else {
-        PutPartBytes(block, key, grey, place.FirstBit % 8);
+        PutPartBytes(block, target.Key(symbol, pair), grey, place.FirstBit % 8);
     }
 }
 
@@ -156,15 +178,11 @@ void DrawOrRefuse(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std
     }
 }
 
-// Whether t_PrintSymbol would draw the glyph in all of these cells, and in whole bytes.
-bool TakesStrip(const t_Window& w, std::uint8_t symbol, const toolkit::Span& columns,
-                std::int64_t line) {
+// Whether t_PrintSymbol would draw the glyph.
+bool IsDrawn(const t_Window& w, std::uint8_t symbol) {
     return w.TextRedirectOutput == 1 && toolkit::IsUsable(w, toolkit::Need::TextBlock) &&
            !w.Font.Data.empty() && w.Font.Format == kGreyFormat && symbol >= w.Font.Start &&
-           symbol <= w.Font.End && CanDraw(w) && columns.First >= 1 &&
-           columns.First <= columns.Last && Times(w.Font.Width, columns.Last) <= w.Width &&
-           line >= 1 && Times(w.Font.Height, line) <= w.Height &&
-           Place(w, columns.First, line).IsWholeBytes();
+           symbol <= w.Font.End;
 }
 
 // Writes a glyph with rows of `length` bytes as often as it fits into the block. Rows that are
@@ -186,14 +204,24 @@ void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int
     }
 }
 
-// Draws one glyph in a row of cells, pixel row by pixel row; false where that cannot be done.
-bool DrawStrip(const t_Window& w, const toolkit::GlyphKey& key, const toolkit::Span& columns,
-               std::int64_t line) {
-    const toolkit::RowBlock cell = Place(w, columns.First, line).Block();
+// Draws one glyph in a row of cells, pixel row by pixel row; false, and nothing is drawn, where not
+// all of them can be drawn like that.
+bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
+               const toolkit::Span& columns, std::int64_t line) {
+    const Target target(w);
+    if (!IsDrawn(w, symbol) || !target.CanBeDrawn() || columns.First > columns.Last ||
+        !target.Contains(columns.First, line) || !target.Contains(columns.Last, line)) {
+        return false;
+    }
+    const Place place(target, columns.First, line);
+    const toolkit::RowBlock cell = place.Block();
     const std::int64_t count = columns.Last - columns.First + 1;
     const toolkit::RowBlock strip{cell.Address, cell.Stride, cell.Bytes * count, cell.Rows};
-    if (!toolkit::LiesWithin(strip, w.MemoryStart, w.MemoryEnd)) return false;
-    WithFinished(key, GlyphData(w.Font, key.Symbol), [&](const std::uint8_t* finished) {
+    if (!place.IsWholeBytes() || !toolkit::LiesWithin(strip, target.Start, target.End)) {
+        return false;
+    }
+    const toolkit::GlyphKey key = target.Key(symbol, pair);
+    WithFinished(key, GlyphData(target.Font, symbol), [&](const std::uint8_t* finished) {
         PutSideBySide(strip, cell.Bytes, key.BitDepth, finished);
     });
     return true;
@@ -255,11 +283,10 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
 void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t firstColumn,
                         std::int64_t lastColumn, std::int64_t line) {
     const Span columns = GridSpan(firstColumn, lastColumn);
-    if (t_Window& w = t_Windows[window]; TakesStrip(w, symbol, columns, line)) {
-        const GlyphKey key{symbol, PairAsDrawn(w, w.TextColor),
-                           static_cast<std::uint8_t>(std::int64_t(w.BitDepth))};
-        if (DrawStrip(w, key, columns, line))
-            return RecordCells(w, symbol, key.Pair, columns, line);
+    const t_Window& w = t_Windows[window];
+    const std::uint8_t pair = PairAsDrawn(w, w.TextColor);
+    if (DrawStrip(w, symbol, pair, columns, line)) {
+        return RecordCells(w, symbol, pair, columns, line);
     }
     for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
         t_PrintSymbol(window, symbol, t_Windows[window].TextColor, column, line);
