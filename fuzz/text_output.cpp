@@ -62,6 +62,11 @@ std::vector<toolkit::Cell> Cells(const t_Window& w) {
     return cells;
 }
 
+bool HaveEqualBlocks(const t_Window& a, const t_Window& b) {
+    return a.MemoryEnd - a.MemoryStart == b.MemoryEnd - b.MemoryStart &&
+           a.TextMemoryEnd - a.TextMemoryStart == b.TextMemoryEnd - b.TextMemoryStart;
+}
+
 void CheckSame(const t_Window& a, const t_Window& b) {
     fuzz::Check(a.TextHpos == b.TextHpos && a.TextVpos == b.TextVpos, "one cursor");
     fuzz::Check(a.TextColor == b.TextColor && a.TextInverse == b.TextInverse, "one colour");
@@ -98,7 +103,8 @@ void PrintIn(std::int64_t bitDepth, const t_Font& font, bool orderly, fuzz::Inpu
         t_Print(kPieces, piece);
         if (orderly) CheckCursor(pieces);
     }
-    CheckSame(whole, pieces);
+    // An area beyond the grid scrolls as far as the block goes, and blocks differ in length.
+    if (orderly || HaveEqualBlocks(whole, pieces)) CheckSame(whole, pieces);
     Redraw(whole, kRedrawn);
     if (orderly)
         fuzz::Check(Picture(whole) == Picture(t_Windows[kRedrawn]), "text shows as stored");
