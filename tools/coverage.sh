@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 cmake --preset coverage > /dev/null
 cmake --build --preset coverage -j "$1"
 find build/coverage -name '*.gcda' -delete
-KORVANDI_GAMES=10 ctest --preset coverage -j "$1" | tail -n 4
+ctest --preset coverage -j "$1" | tail -n 4
 report() {
     gcovr --root . --object-directory build/coverage --filter "$1" --exclude-throw-branches --gcov-ignore-parse-errors \
         --exclude-unreachable-branches "${@:2}" build/coverage
