@@ -4,6 +4,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenuBar>
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

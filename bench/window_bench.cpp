@@ -38,10 +38,12 @@ double ProcessorSeconds(pid_t process) {
     return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
+constexpr double kNone = 1e9;  // not measured
+
 struct Figures {
-    double FirstPicture = 1e9;  // milliseconds
-    double Share = 1e9;         // per cent of a core
-    double Resident = 1e9;      // KiB
+    double FirstPicture = kNone;  // milliseconds
+    double Share = kNone;         // per cent of a core
+    double Resident = kNone;      // KiB
 };
 
 void MeasureStart(const std::string& program, Figures& figures) {
@@ -83,6 +85,12 @@ int main() {
         MeasureRun(KORVANDI_BARE_WINDOW, bare);
     }
     std::printf("%-44s %13s %13s %6s %6s\n", "work", "figure", "bare window", "ratio", "goal");
+    for (const Figures& figures : {ours, bare}) {
+        if (figures.FirstPicture == kNone || figures.Share == kNone || figures.Resident == 0) {
+            std::puts("A program did not show its window.");
+            return 1;
+        }
+    }
     PrintRow("window: first picture", ours.FirstPicture, bare.FirstPicture, 1.5, "ms");
     PrintRow("window: processor time at 30 pictures a s", ours.Share, bare.Share, 1.0, "%");
     PrintRow("window: resident, bare + 16 MiB + 2 pictures", ours.Resident,

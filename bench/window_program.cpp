@@ -19,7 +19,7 @@ void Move() {
     t_WindowFront(0);
     while (t_Windows[0].UpdateFinished == 0) toolkit::SleepMilliseconds(1);
     toolkit::PrintLine("shown");
-    if (movesPerSecond == 0) static_cast<void>(t_WaitKey(0));
+    while (movesPerSecond == 0) static_cast<void>(t_WaitKey(0));
     for (std::int64_t color = 0;; ++color) {
         toolkit::SleepMilliseconds(1000 / movesPerSecond);
         t_Color(0, color % 16);

@@ -8,10 +8,12 @@ cd "$(dirname "$0")/.."
 cmake --preset coverage > /dev/null
 cmake --build --preset coverage -j "$1"
 find build/coverage -name '*.gcda' -delete
-ctest --preset coverage -j "$1" | tail -n 4
+status=0
+ctest --preset coverage -j "$1" > build/coverage/tests.log || status=$?
+tail -n 12 build/coverage/tests.log
 report() {
-    gcovr --root . --object-directory build/coverage --filter "$1" --exclude-throw-branches --gcov-ignore-parse-errors \
-        --exclude-unreachable-branches "${@:2}" build/coverage
+    gcovr --root . --object-directory build/coverage --filter "$1" --gcov-ignore-parse-errors \
+        --exclude-throw-branches --exclude-unreachable-branches "${@:2}" build/coverage
 }
 for folder in toolkit/ game/ platform/ platform/desktop/; do
     echo
@@ -20,3 +22,4 @@ for folder in toolkit/ game/ platform/ platform/desktop/; do
     echo "== $folder branches"
     report "$folder" --branches
 done
+exit "$status"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for what the arguments name: run, test, check, coverage. Says
-# nothing and returns at once when all are there.
+# Installs the Debian packages that are missing for what the arguments name: run, test, check,
+# coverage. Says nothing and returns at once when all are there.
 set -euo pipefail
 
 run='cmake ninja-build g++ make pkg-config qt6-base-dev libopenal-dev libsndfile1-dev libxcb1-dev

@@ -76,13 +76,12 @@ Rect HostWindow::ScreenFrame() const {
 void HostWindow::SetFrame(const Rect& frame) {
     // A window that was given a size but no place yet still gets its place when it is shown.
     const Rect before = Frame();
-    const bool placed = everPlaced_ || frame.X != before.X || frame.Y != before.Y;
+    everPlaced_ = everPlaced_ || frame.X != before.X || frame.Y != before.Y;
     QRect content = FromSeam(frame).adjusted(0, HeightAbove(), 0, 0);
     if (content.width() < 1) content.setWidth(1);
     if (content.height() < 1) content.setTop(content.bottom());
     centred_ = false;
     Place(content);
-    everPlaced_ = placed;
 }
 
 void HostWindow::Center() {
@@ -94,6 +93,7 @@ void HostWindow::Center() {
     // Of a window that is too large its upper left corner can be reached.
     frame.moveTopLeft({std::max(frame.left(), room.left()), std::max(frame.top(), room.top())});
     centred_ = true;
+    everPlaced_ = true;
     Place(frame.adjusted(0, HeightAbove(), 0, 0));
 }
 
@@ -228,7 +228,6 @@ void HostWindow::Show(bool activate) {
 void HostWindow::Place(const QRect& content) {
     const QSize before = ContentSize();
     content_ = content;
-    everPlaced_ = true;
     placed_ = true;
     if (visible_) settle_.start(kSettleMs);
     if (widget_ != nullptr && (widget_->isMaximized() || widget_->isFullScreen())) {

@@ -2,8 +2,10 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <functional>
 #include <thread>
 
 #include "app/run_program.h"

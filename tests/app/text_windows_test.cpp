@@ -11,8 +11,8 @@ TEST_F(TextWindows, FollowATitleBarThatIsHigherThanItWasTakenFor) {
     for (const std::uint8_t window : {std::uint8_t{0}, std::uint8_t{1}}) {
         t_InitWindow(window, 8, true, 64, 32, 0, 0, EmptyFont(), window == 0);
     }
-    t_WindowSize(8, -1, -1, 300,
-                 200);  // the scroll view is no measure of the title bar from now on
+    // From now on the scroll view is no measure of the title bar.
+    t_WindowSize(8, -1, -1, 300, 200);
     delegate.titleBarHeightDidChange(40);
     EXPECT_EQ(t_TitleBarHeight, 40);
     EXPECT_EQ(t_Windows[0].TitleHeight, 40);

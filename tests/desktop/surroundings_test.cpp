@@ -66,7 +66,7 @@ TEST_F(Surroundings, TheClockMayBeSetBack) {
     Program game({"env", "LD_PRELOAD=" KORVANDI_CLOCK_SET_BACK, KORVANDI_GAME}, screen.Display());
     const std::string window = screen.WindowTitled("Korvandi");
     static_cast<void>(screen.Do("windowfocus --sync " + window));
-    std::this_thread::sleep_for(std::chrono::seconds(3));  // it was set back meanwhile
+    ASSERT_TRUE(game.Line("clock: set back"));
     screen.Press("Return");
     const auto picture = [&] {
         const Place at = PlaceOf(window);

@@ -281,5 +281,5 @@ TEST(WholeGames, EndWithTheWallAndRepeatToTheByte) {
         lengths.insert(game.Sounds);
         EXPECT_TRUE(seed % 10 != 0 || WholeGame().Run(seed) == game);
     }
-    EXPECT_GT(lengths.size(), games / 20);
+    EXPECT_GT(lengths.size(), std::min(games / 20, 10U));
 }

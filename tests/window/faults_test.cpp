@@ -151,6 +151,18 @@ TEST_F(WindowFaults, RecordsMayHoldAnything) {
         ASSERT_EQ(PictureBytes(2), above);
         ASSERT_EQ(PictureBytes(3), below);
     }
+    // Blocks that a program names may lie anywhere.
+    constexpr toolkit::Shared<std::int64_t> t_Window::*kAddresses[] = {
+        &t_Window::MemoryStart, &t_Window::MemoryEnd, &t_Window::TextMemoryStart,
+        &t_Window::TextMemoryEnd};
+    for (int run = 0; run < 400; ++run) {
+        w = asSetUp;
+        w.*kAddresses[random.Between(0, 3)] = random.OneOf(
+            {INT64_MIN, INT64_MAX, -1, 0, 0x10000, 0xFFFFFF, 0xFFFFF0, toolkit::kMemorySize});
+        desktop.ClearPrinted();
+        kOperations[random.Between(0, std::ssize(kOperations) - 1)].Run(1);
+        static_cast<void>(t_WindowImage(1));
+    }
     w = asSetUp;
     w.MemoryStart = INT64_MIN;
     w.TextMemoryEnd = INT64_MAX;

@@ -149,7 +149,7 @@ void CopyRows(const RowBlock& block, const std::uint8_t* source, std::int64_t st
     }
 }
 
-// The usual cell is 16 pixels wide: one to four vectors at 8 to 32 bits.
+// The usual cell is 16 pixels wide: one vector at 8 bits, three at 24.
 void CopyVectorRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
     switch (block.Bytes) {
         case kVector:

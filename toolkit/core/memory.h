@@ -82,7 +82,7 @@ struct RowBlock {
 /// Whether all of the block lies at the addresses first to last.
 [[nodiscard]] inline bool LiesWithin(const RowBlock& block, std::int64_t first, std::int64_t last) {
     const std::int64_t end = block.Address + (block.Rows - 1) * block.Stride + block.Bytes;
-    return block.Address >= first && end <= last + 1 &&
+    return block.Address >= first && end - 1 <= last &&
            InMemory(block.Address, end - block.Address);
 }
 

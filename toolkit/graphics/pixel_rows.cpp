@@ -15,7 +15,8 @@
 #include "toolkit/graphics/wide_pixels.h"
 
 // Every depth has one plain loop, right on every machine. From 4 bits on there is also one that
-// takes 16 source bytes or pixels at a time by byte shuffles, which x86 has from SSSE3 on.
+// takes 16 source bytes or pixels at a time by byte shuffles, which x86 has from SSSE3 on; loops by
+// larger vectors stand in wide_pixels.cpp.
 
 namespace toolkit {
 

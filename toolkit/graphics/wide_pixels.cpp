@@ -16,8 +16,9 @@
 
 #include "toolkit/graphics/palette.h"
 
-// Sixteen finished pixels are one vector. Each of its bytes is a byte of the source or of the
-// palette, which is one vector too: a pixel of any depth takes one or two shuffles.
+// Sixteen finished pixels are one vector. At 4 bits and more each of its bytes is a byte of the
+// source or of the palette, which is one vector too, found by one or two shuffles; at 1 bit the
+// source's bits choose between two colours.
 
 namespace toolkit {
 
@@ -34,12 +35,13 @@ constexpr std::int64_t kVector = 64;
 using Bytes64 = std::array<std::uint8_t, 64>;
 
 // Where byte `place` of a finished pixel comes from.
-enum Component : std::uint8_t { kRed, kGreen, kBlue, kAlpha };
+enum class Component : std::uint8_t { Red, Green, Blue, Alpha };
+using enum Component;
 
 template <PixelOrder Order>
 constexpr Component ComponentAt(std::size_t place) {
-    constexpr std::array<Component, 4> kFront = {kAlpha, kRed, kGreen, kBlue};
-    constexpr std::array<Component, 4> kBack = {kBlue, kGreen, kRed, kAlpha};
+    constexpr std::array<Component, 4> kFront = {Alpha, Red, Green, Blue};
+    constexpr std::array<Component, 4> kBack = {Blue, Green, Red, Alpha};
     return (Order == AlphaRedGreenBlue ? kFront : kBack).at(place);
 }
 
@@ -56,11 +58,11 @@ consteval Bytes64 Made(const ByteOf& byteOf) {
 template <PixelOrder Order>
 constexpr Bytes64 kPalette = Made([](std::size_t i) -> int {
     switch (ComponentAt<Order>(i % 4)) {
-        case kRed:
+        case Red:
             return t_Palette.Red[i / 4];
-        case kGreen:
+        case Green:
             return t_Palette.Green[i / 4];
-        case kBlue:
+        case Blue:
             return t_Palette.Blue[i / 4];
         default:
             return 255;
@@ -69,13 +71,13 @@ constexpr Bytes64 kPalette = Made([](std::size_t i) -> int {
 
 template <PixelOrder Order>
 constexpr Bytes64 kOpaque = Made([](std::size_t i) {
-    return ComponentAt<Order>(i % 4) == kAlpha ? 255 : 0;
+    return ComponentAt<Order>(i % 4) == Alpha ? 255 : 0;
 });
 
 // From which byte of sixteen source pixels a byte is taken, at 8 bits and more.
 template <int BitDepth, PixelOrder Order>
 constexpr Bytes64 kSource = Made([](std::size_t i) -> std::size_t {
-    const std::size_t component = ComponentAt<Order>(i % 4) % kAlpha;
+    const auto component = static_cast<std::size_t>(ComponentAt<Order>(i % 4)) % 3;
     const std::size_t pixel = i / 4;
     if constexpr (BitDepth == 8) return pixel;
     if constexpr (BitDepth == 16) return 2 * pixel + 1;

@@ -50,7 +50,8 @@ struct Target {
         constexpr std::int64_t kDepths[] = {1, 4, 8, 16, 24, 32};
         const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLargestSide; };
         return isSide(Font.Width) && isSide(Font.Height) && isSide(Width) && isSide(Height) &&
-               Start >= 0 && std::ranges::find(kDepths, BitDepth) != std::end(kDepths);
+               toolkit::InMemory(Start, 1) &&
+               std::ranges::find(kDepths, BitDepth) != std::end(kDepths);
     }
     [[nodiscard]] bool Contains(std::int64_t column, std::int64_t line) const {
         return column >= 1 && line >= 1 && Times(Font.Width, column) <= Width &&
@@ -231,18 +232,19 @@ void RecordCell(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::
                 std::int64_t line) {
     const std::int64_t index = toolkit::CellIndex(w, column, line);
     if (index < 0) return;
-    const std::int64_t address = w.TextMemoryStart + index;
+    const std::int64_t address = toolkit::Plus(w.TextMemoryStart, index);
     toolkit::Poke(address, symbol);
-    toolkit::Poke(address + toolkit::ColorOffset(w), pair);
+    toolkit::Poke(toolkit::Plus(address, toolkit::ColorOffset(w)), pair);
 }
 
 void RecordCells(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
                  const toolkit::Span& columns, std::int64_t line) {
     const std::int64_t first = toolkit::CellIndex(w, columns.First, line);
     const std::int64_t count = columns.Last - columns.First + 1;
-    if (first >= 0 && toolkit::CellIndex(w, columns.Last, line) == first + count - 1) {
-        toolkit::FillRun(w.TextMemoryStart + first, count, symbol);
-        toolkit::FillRun(w.TextMemoryStart + first + toolkit::ColorOffset(w), count, pair);
+    const std::int64_t address = toolkit::Plus(w.TextMemoryStart, first);
+    if (first >= 0 && toolkit::CellIndex(w, columns.Last, line) == first + count - 1 &&
+        toolkit::FillRun(address, count, symbol) &&
+        toolkit::FillRun(toolkit::Plus(address, toolkit::ColorOffset(w)), count, pair)) {
         return;
     }
     for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
