@@ -28,7 +28,7 @@ struct Bounds {
 void MoveWithin(const Bounds& bounds, std::int64_t source, std::int64_t destination,
                 std::int64_t count) {
     if (std::min(source, destination) < bounds.First) return;
-    const std::int64_t room = bounds.End - std::max(source, destination);
+    const std::int64_t room = Minus(bounds.End, std::max(source, destination));
     t_MoveMemory(source, destination, std::min(count, room));
 }
 
@@ -44,8 +44,8 @@ void MoveCells(const t_Window& w, const LineMove& move) {
     const std::int64_t half = toolkit::ColorOffset(w);
     const std::int64_t width = w.TextWidth;
     const std::int64_t characters = w.TextMemoryStart;
-    for (const std::int64_t start : {characters + half, characters}) {
-        MoveWithin({start, start + half}, Plus(start, Times(width, move.From)),
+    for (const std::int64_t start : {Plus(characters, half), characters}) {
+        MoveWithin({start, Plus(start, half)}, Plus(start, Times(width, move.From)),
                    Plus(start, Times(width, move.To)), Times(width, move.Count));
     }
 }
@@ -60,8 +60,8 @@ void MovePixels(const t_Window& w, const LineMove& move) {
     const std::int64_t lastRow = Minus(Times(font.Height, Plus(move.From, move.Count)), 1);
     const std::int64_t end =
         bytes(Plus(Times(font.Width, w.TextLastColumn), Times(lastRow, w.Width)));
-    MoveWithin({start, w.MemoryEnd + 1}, Plus(start, line(move.From)), Plus(start, line(move.To)),
-               Minus(end, line(move.From)));
+    MoveWithin({start, Plus(w.MemoryEnd, 1)}, Plus(start, line(move.From)),
+               Plus(start, line(move.To)), Minus(end, line(move.From)));
 }
 
 bool SpansWholeLines(const t_Window& w) {
