@@ -15,8 +15,6 @@ constexpr std::uint8_t kPieces = 1;      // is printed to code by code
 constexpr std::uint8_t kRedrawn = 2;     // is drawn from the text memory of the first
 constexpr std::uint8_t kNeighbours = 3;  // from here on
 
-constexpr std::int64_t kAnyDepth[] = {1, 4, 8, 16, 24, 32};
-
 // A window of the smallest size between guards.
 void Open(std::uint8_t window, std::int64_t bitDepth, const t_Font& font) {
     t_InitWindow(window, bitDepth, false, 32, 32, 0, 0, font, true);
@@ -63,8 +61,9 @@ std::vector<toolkit::Cell> Cells(const t_Window& w) {
 }
 
 bool HaveEqualBlocks(const t_Window& a, const t_Window& b) {
-    return a.MemoryEnd - a.MemoryStart == b.MemoryEnd - b.MemoryStart &&
-           a.TextMemoryEnd - a.TextMemoryStart == b.TextMemoryEnd - b.TextMemoryStart;
+    return toolkit::LengthOf(a.MemoryStart, a.MemoryEnd) ==
+               toolkit::LengthOf(b.MemoryStart, b.MemoryEnd) &&
+           toolkit::ColorOffset(a) == toolkit::ColorOffset(b);
 }
 
 void CheckSame(const t_Window& a, const t_Window& b) {
@@ -117,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const t_Font fonts[] = {fuzz::GreyFont(8, 8), fuzz::GreyFont(2, 4)};
     fuzz::Input input(data, size);
     static_cast<void>(fuzz::Toolkit::Fresh());
-    const std::int64_t bitDepth = kAnyDepth[input.Between(0, 5)];
+    const std::int64_t bitDepth = input.OneOf({1, 4, 8, 16, 24, 32});
     const t_Font& font = fonts[input.Between(0, 1)];
     const bool orderly = input.Between(0, 2) != 2;
     PrintIn(bitDepth, font, orderly, input);

@@ -16,7 +16,8 @@ for target in $targets; do
     dictionary=()
     [ ! -f "fuzz/dictionaries/$target.txt" ] || dictionary=("-dict=fuzz/dictionaries/$target.txt")
     ASAN_OPTIONS=malloc_context_size=4 "build/fuzz/bin/fuzz_$target" \
-        "$found" "fuzz/corpus/$target" -max_total_time="$seconds" -runs="${RUNS:--1}" -max_len="${MAX_LEN:-512}" -timeout=10 -rss_limit_mb=1024 \
+        "$found" "fuzz/corpus/$target" -max_total_time="$seconds" \
+        -runs="${RUNS:--1}" -max_len="${MAX_LEN:-512}" -timeout=10 -rss_limit_mb=1024 \
         -print_final_stats=1 -artifact_prefix=build/fuzz/ "${dictionary[@]}" 2>&1 |
         grep -vE '^#[0-9]+[[:space:]]+(NEW|REDUCE|RELOAD|pulse)'
 done

@@ -66,7 +66,15 @@ void Put2Pixels(const std::uint8_t* grey, std::uint8_t* to, const Blend& blend) 
 
 template <>
 void PutGroup<24>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
-    for (std::size_t i = 0; i < kGroup; i += 2) Put2Pixels(grey + i, to + 3 * i, colors.Blended);
+    if constexpr (std::endian::native == std::endian::little) {
+        for (std::size_t i = 0; i < kGroup; i += 2) {
+            Put2Pixels(grey + i, to + 3 * i, colors.Blended);
+        }
+    } else {
+        for (std::size_t i = 0; i < kGroup; ++i) {
+            std::memcpy(to + 3 * i, colors.Blended.Mixed[grey[i]].data(), 3);
+        }
+    }
 }
 
 template <>

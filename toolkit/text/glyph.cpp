@@ -57,6 +57,9 @@ struct Target {
         return column >= 1 && line >= 1 && Times(Font.Width, column) <= Width &&
                Times(Font.Height, line) <= Height;
     }
+    [[nodiscard]] bool HasGlyph(std::uint8_t symbol) const {
+        return symbol >= Font.Start && symbol <= Font.End;
+    }
     [[nodiscard]] toolkit::GlyphKey Key(std::uint8_t symbol, std::uint8_t pair) const {
         return {symbol, pair, static_cast<std::uint8_t>(BitDepth)};
     }
@@ -152,10 +155,10 @@ void PutPartBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
     }
 }
 
-void DrawGlyph(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
+// The target contains the cell.
+void DrawGlyph(const Target& target, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
                std::int64_t line) {
-    const Target target(w);
-    if (!target.CanBeDrawn() || !target.Contains(column, line)) return;
+    if (!target.CanBeDrawn()) return;
     const Place place(target, column, line);
     const toolkit::RowBlock block = place.Block();
     if (!toolkit::LiesWithin(block, target.Start, target.End)) return;
@@ -167,23 +170,21 @@ void DrawGlyph(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::i
     }
 }
 
-void DrawOrRefuse(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
+void DrawOrRefuse(const Target& target, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
                   std::int64_t line) {
-    if (symbol < w.Font.Start || symbol > w.Font.End) return;
-    if (w.Font.Format == kGreyFormat) {
-        DrawGlyph(w, symbol, pair, column, line);
-    } else if (std::ranges::find(kOtherFormats, w.Font.Format) != std::end(kOtherFormats)) {
+    if (!target.HasGlyph(symbol)) return;
+    if (target.Font.Format == kGreyFormat) {
+        DrawGlyph(target, symbol, pair, column, line);
+    } else if (std::ranges::find(kOtherFormats, target.Font.Format) != std::end(kOtherFormats)) {
         PrintLine("t_PrintSymbol: Font format must be uncompressed grey for text-printing.");
     } else {
         PrintLine("t_PrintSymbol: Illegal font format.");
     }
 }
 
-// Whether t_PrintSymbol would draw the glyph.
-bool IsDrawn(const t_Window& w, std::uint8_t symbol) {
-    return w.TextRedirectOutput == 1 && toolkit::IsUsable(w, toolkit::Need::TextBlock) &&
-           !w.Font.Data.empty() && w.Font.Format == kGreyFormat && symbol >= w.Font.Start &&
-           symbol <= w.Font.End;
+// Whether there is a text block to print in and a font to print with.
+bool CanPrint(const t_Window& w) {
+    return toolkit::IsUsable(w, toolkit::Need::TextBlock) && !w.Font.Data.empty();
 }
 
 // Writes a glyph with rows of `length` bytes as often as it fits into the block. Rows that are
@@ -210,7 +211,8 @@ void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int
 bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
                const toolkit::Span& columns, std::int64_t line) {
     const Target target(w);
-    if (!IsDrawn(w, symbol) || !target.CanBeDrawn() || columns.First > columns.Last ||
+    if (w.TextRedirectOutput != 1 || !CanPrint(w) || !target.HasGlyph(symbol) ||
+        target.Font.Format != kGreyFormat || !target.CanBeDrawn() || columns.First > columns.Last ||
         !target.Contains(columns.First, line) || !target.Contains(columns.Last, line)) {
         return false;
     }
@@ -267,18 +269,18 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
     const std::int64_t redirect = w->TextRedirectOutput;
     if (redirect == 2) return toolkit::PrintPiece(toolkit::CharacterString(symbol));
     if (redirect != 1) return;
-    if (!toolkit::IsUsable(*w, toolkit::Need::TextBlock) || w->Font.Data.empty()) {
+    if (!CanPrint(*w)) {
         toolkit::PrintNotInitialized(__func__, window);
         return;
     }
-    if (column < 1 || line < 1 || Times(w->Font.Width, column) > w->Width ||
-        Times(w->Font.Height, line) > w->Height) {
+    const Target target(*w);
+    if (!target.Contains(column, line)) {
         PrintLine("t_PrintSymbol: Window #", window, " illegal coordinates (x = ", column,
                   ", y = ", line, ").");
         return;
     }
     const std::uint8_t pair = PairAsDrawn(*w, color);
-    DrawOrRefuse(*w, symbol, pair, column, line);
+    DrawOrRefuse(target, symbol, pair, column, line);
     RecordCell(*w, symbol, pair, column, line);
 }
 
@@ -291,6 +293,6 @@ void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t f
         return RecordCells(w, symbol, pair, columns, line);
     }
     for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
-        t_PrintSymbol(window, symbol, t_Windows[window].TextColor, column, line);
+        t_PrintSymbol(window, symbol, w.TextColor, column, line);
     }
 }
