@@ -5,8 +5,10 @@
 #include "app/app_delegate.h"
 #include "app/interface.h"
 #include "platform/platform.h"
+#include "toolkit/core/memory.h"
 
 void RunProgram(std::function<void()> program) {
+    t_Memory.MakeAhead();
     // Never destroyed: other threads may be using it when the process ends.
     auto& delegate = *new AppDelegate(std::move(program));
     BuildInterface(delegate);

@@ -4,7 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <future>
 #include <new>
+#include <system_error>
 
 #include "toolkit/core/output.h"
 #include "toolkit/core/shared_bytes.h"
@@ -16,7 +18,8 @@ namespace toolkit {
 namespace {
 
 constexpr std::int64_t kChunk = 4096;  // bytes of a local buffer: small enough for the first cache
-constexpr std::int64_t kVector = 16;   // the most bytes that move at once
+constexpr std::uint8_t kUntouched = 255;
+constexpr std::int64_t kVector = 16;  // the most bytes that move at once
 
 // How a run splits: bytes up to an aligned address, whole vectors, and the bytes left.
 struct Split {
@@ -172,6 +175,20 @@ bool FitsUnit(const RowBlock& block, std::int64_t unit) {
     return ((block.Address | block.Stride | block.Bytes) & (unit - 1)) == 0;
 }
 
+// The memory's bytes as a machine has them that was just switched on.
+std::uint8_t* MakeBytes() {
+    constexpr std::align_val_t kPage{4096};
+    constexpr auto kBytes = static_cast<std::size_t>(kMemorySize);
+    return static_cast<std::uint8_t*>(
+        std::memset(::operator new(kBytes, kPage), kUntouched, kBytes));
+}
+
+// What MakeAhead began; never destroyed, because the process may end before it is done.
+std::future<std::uint8_t*>& BytesAhead() {
+    static auto* const ahead = new std::future<std::uint8_t*>;
+    return *ahead;
+}
+
 // 255 in every period-th byte.
 Bytes16 KeptBytes(std::int64_t period) {
     Bytes16 kept{};
@@ -261,13 +278,24 @@ bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) 
 
 }  // namespace toolkit
 
-void t_MemoryArray::Create(std::int64_t size, std::uint8_t value) {
-    constexpr std::align_val_t kPage{4096};
-    if (data() == nullptr) {
-        bytes_ = static_cast<std::uint8_t*>(::operator new(static_cast<std::size_t>(size), kPage));
-        size_ = size;
+void t_MemoryArray::Create() {
+    if (data() != nullptr) {
+        toolkit::FillRun(0, size(), toolkit::kUntouched);
+        return;
     }
-    toolkit::FillRun(0, size, value);
+    std::future<std::uint8_t*>& ahead = toolkit::BytesAhead();
+    bytes_ = ahead.valid() ? ahead.get() : toolkit::MakeBytes();
+    size_ = toolkit::kMemorySize;
+}
+
+void t_MemoryArray::MakeAhead() {
+    std::future<std::uint8_t*>& ahead = toolkit::BytesAhead();
+    if (data() != nullptr || ahead.valid()) return;
+    try {
+        ahead = std::async(std::launch::async, toolkit::MakeBytes);
+    } catch (const std::system_error&) {
+        return;  // no thread to be had: Create does it all
+    }
 }
 
 void t_MoveMemory(std::int64_t source, std::int64_t destination, std::int64_t count) {

@@ -18,8 +18,13 @@ class t_MemoryArray {
     [[nodiscard]] std::uint8_t* data() const { return bytes_.load(std::memory_order_acquire); }
     [[nodiscard]] std::int64_t size() const { return size_.load(std::memory_order_acquire); }
 
-    /// Makes `size` bytes, all `value`. Before any other thread uses the memory.
-    void Create(std::int64_t size, std::uint8_t value);
+    /// Makes toolkit::kMemorySize bytes, all 255. Before any other thread uses the memory.
+    void Create();
+
+    /// Begins with that on a thread of its own, so that Create finds most of it done: to touch so
+    /// many new pages takes milliseconds, which a start spends waiting for the window system.
+    /// Main thread, before Create; nothing when it was done before.
+    void MakeAhead();
 
   private:
     std::atomic<std::uint8_t*> bytes_ = nullptr;

@@ -44,7 +44,7 @@ constexpr TagRange kBuiltInTags[] = {{200, 231}, {110, 114}};
 
 void CreateMemory() {
     t_HighMemory = toolkit::kHighestAddress;
-    t_Memory.Create(toolkit::kMemorySize, 255);
+    t_Memory.Create();
     t_Windows.fill(t_Window());
 }
 
@@ -102,9 +102,11 @@ void t_InitMemory() {
     if (t_ThreadNumber() == 2) platform::NameThread("Main Program");
     CreateMemory();
     AddBuiltInActions();
-    CleanEditMenus();
-    CleanWindowMenus();
-    platform::RunOnMain(PreparePasteboardView);
+    platform::RunOnMain([] {
+        CleanEditMenus();
+        CleanWindowMenus();
+        PreparePasteboardView();
+    });
     t_ToolsReady = true;
     PrintLine("t_InitMemory: End.");
 }
