@@ -13,6 +13,7 @@
 #include "platform/desktop/file_panels.h"
 #include "platform/desktop/german.h"
 #include "platform/desktop/machine.h"
+#include "platform/desktop/main_clock.h"
 #include "platform/desktop/sounds.h"
 #include "platform/desktop/text.h"
 #include "platform/desktop/window_maker.h"
@@ -76,7 +77,7 @@ void Start(int argc, char** argv, std::string_view applicationName) {
     parts.Dialogs = new FilePanels;
     parts.Board = new Clipboard;
     parts.Audio = new DesktopSounds(files->Directory());
-    parts.Time = new MachineClock;
+    parts.Time = new MainClock;
     parts.Random = new MachineRandomness;
     parts.Out = new StandardOutput;
     parts.Files = files;

@@ -158,6 +158,11 @@ void HostWindow::WaitForExposure() {
     pump.Release();
 }
 
+void HostWindow::Prepare() {
+    MakeWidget();
+    static_cast<void>(widget_->winId());
+}
+
 HostWindow* HostWindow::LastActive() {
     return lastActive;
 }

@@ -12,8 +12,8 @@
 
 namespace platform::desktop {
 
-/// A window of the program. Until it is shown for the first time it is nothing but the values here;
-/// its widgets are made then. Main thread.
+/// A window of the program. Until it is shown for the first time, or prepared for that, it is
+/// nothing but the values here; its widgets are made then. Main thread.
 ///
 /// The place of the content is what is kept, in the desktop's coordinates (origin at the upper
 /// left, y downwards). The frame follows from it and from the height of what stands above.
@@ -38,6 +38,9 @@ class HostWindow : public Window, private HostWidgetOwner {
 
     [[nodiscard]] QSize ContentSize() const { return Content().size(); }
 
+    /// Makes what the window needs to be shown, ahead of time.
+    void Prepare();
+
     /// Waits until something of a window that was just shown can be seen, a tenth of a second at
     /// most. Only window events are served meanwhile, neither the person's input nor the queue.
     void WaitForExposure();
@@ -47,9 +50,6 @@ class HostWindow : public Window, private HostWidgetOwner {
 
     /// The window that was active last among ours; nullptr when it was hidden since.
     static HostWindow* LastActive();
-
-    /// nullptr until the window was shown for the first time.
-    [[nodiscard]] HostWidget* Widget() const { return widget_; }
 
   protected:
     [[nodiscard]] virtual QSize FirstSize() { return {}; }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/desktop/machine.h"
+
+namespace platform::desktop {
+
+/// The machine's clock. The main thread's first pause, before the program starts, is not slept
+/// away: what the first window on the screen will need is made in it. Any thread.
+class MainClock : public MachineClock {
+  public:
+    void Sleep(std::chrono::nanoseconds duration) override;
+
+  private:
+    bool prepared_ = false;  // main thread
+};
+
+}  // namespace platform::desktop
