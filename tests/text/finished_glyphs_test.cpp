@@ -26,6 +26,10 @@ TEST(GlyphStore, GivesEveryGlyphAsFinishedAnewAndKeepsABoundedAmount) {
         toolkit::FinishGlyph(key, grey, finished);
         for (int times = 0; times < 3; ++times) {  // kept from the second time on
             const std::uint8_t* const found = store.Find(key, grey);
+            if (found == nullptr) {
+                ASSERT_EQ(times, 0);
+                continue;
+            }
             ASSERT_TRUE(
                 std::equal(found, found + grey.size() * key.BitDepth / 8, finished.begin()));
         }

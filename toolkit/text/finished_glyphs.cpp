@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 
+#include "toolkit/core/shared_bytes.h"
 #include "toolkit/text/blend.h"
 
 namespace toolkit {
@@ -56,19 +57,33 @@ void PutGroup<16>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors&
     }
 }
 
-// Two pixels of three bytes in one word, put together from the low byte up.
-void Put2Pixels(const std::uint8_t* grey, std::uint8_t* to, const Blend& blend) {
-    const std::uint64_t left = std::bit_cast<std::uint32_t>(blend.Mixed[grey[0]]);
-    const std::uint64_t right = std::bit_cast<std::uint32_t>(blend.Mixed[grey[1]]);
-    const std::uint64_t both = left | right << 24U;
-    std::memcpy(to, &both, sizeof both);
+constexpr std::size_t kEight = 8;
+constexpr bool kLowByteFirst = std::endian::native == std::endian::little;
+
+// Eight pixels of three bytes, put together from the low byte up: for machines that put it first.
+struct EightPixels {
+    Word First;
+    Word Second;
+    Word Third;
+};
+
+EightPixels BlendEight(const std::uint8_t* grey, const Blend& blend) {
+    const auto pixel = [&](std::size_t i) -> Word {
+        return std::bit_cast<std::uint32_t>(blend.Mixed[grey[i]]);
+    };
+    const Word third = pixel(2);
+    const Word sixth = pixel(5);
+    return {pixel(0) | pixel(1) << 24U | third << 48U,
+            third >> 16U | pixel(3) << 8U | pixel(4) << 32U | sixth << 56U,
+            sixth >> 8U | pixel(6) << 16U | pixel(7) << 40U};
 }
 
 template <>
 void PutGroup<24>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors& colors) {
-    if constexpr (std::endian::native == std::endian::little) {
-        for (std::size_t i = 0; i < kGroup; i += 2) {
-            Put2Pixels(grey + i, to + 3 * i, colors.Blended);
+    if constexpr (kLowByteFirst) {
+        for (std::size_t i = 0; i < kGroup; i += kEight) {
+            const EightPixels pixels = BlendEight(grey + i, colors.Blended);
+            std::memcpy(to + 3 * i, &pixels, sizeof pixels);
         }
     } else {
         for (std::size_t i = 0; i < kGroup; ++i) {
@@ -83,6 +98,13 @@ void PutGroup<32>(const std::uint8_t* grey, std::uint8_t* to, const GlyphColors&
         to[4 * i] = 0;
         std::memcpy(to + 4 * i + 1, colors.Blended.Mixed[grey[i]].data(), 3);
     }
+}
+
+// `to` is a multiple of 8.
+void StoreEight(const EightPixels& pixels, std::uint8_t* to) {
+    StoreWord(to, pixels.First);
+    StoreWord(to + kWord, pixels.Second);
+    StoreWord(to + 2 * kWord, pixels.Third);
 }
 
 bool HasNoInk(const std::uint8_t* grey) {
@@ -144,6 +166,31 @@ void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
     }
 }
 
+bool PaintGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey, const RowBlock& block) {
+    constexpr std::int64_t kBytes = kGroupBytes<24>;
+    if (!kLowByteFirst || key.BitDepth != 24 || !LiesWithin(block, 0, t_Memory.size()) ||
+        (block.Address | block.Stride) % kWord != 0 || block.Bytes % kBytes != 0) {
+        return false;
+    }
+    const Blend& blend = BlendOf(key.Pair);
+    const std::array<std::uint8_t, kEight> none{};
+    const EightPixels bare = BlendEight(none.data(), blend);
+    const std::uint8_t* from = grey.data();
+    std::uint8_t* row = t_Memory.data() + block.Address;
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride) {
+        for (std::int64_t b = 0; b < block.Bytes; b += kBytes, from += kGroup) {
+            if (HasNoInk(from)) {
+                StoreEight(bare, row + b);
+                StoreEight(bare, row + b + kBytes / 2);
+            } else {
+                StoreEight(BlendEight(from, blend), row + b);
+                StoreEight(BlendEight(from + kEight, blend), row + b + kBytes / 2);
+            }
+        }
+    }
+    return true;
+}
+
 std::size_t GlyphStore::Bytes() const {
     std::size_t bytes = 0;
     for (const Slot& slot : slots_) bytes += slot.Bytes();
@@ -152,15 +199,16 @@ std::size_t GlyphStore::Bytes() const {
 
 const std::uint8_t* GlyphStore::Find(const GlyphKey& key, std::span<const std::uint8_t> grey) {
     // All codes of one colour pair have slots of their own.
-    Slot& slot = slots_[(key.Symbol + 256U * (key.Pair + 7U * key.BitDepth)) % kSlots];
-    if (slot.Key == key && std::ranges::equal(slot.Grey, grey)) return slot.Finished.data();
-    if (slot.Wanted != key) {
-        slot.Wanted = key;
-        FinishGlyph(key, grey, passing_);
-        return passing_.data();
+    const std::size_t at = (key.Symbol + 256U * (key.Pair + 7U * key.BitDepth)) % kSlots;
+    Label& label = labels_[at];
+    Slot& slot = slots_[at];
+    if (label.Kept == key && std::ranges::equal(slot.Grey, grey)) return slot.Finished.data();
+    if (label.Wanted != key) {
+        label.Wanted = key;
+        return nullptr;
     }
     bytes_ -= slot.Bytes();
-    slot.Key = key;
+    label.Kept = key;
     slot.Grey.assign(grey.begin(), grey.end());
     FinishGlyph(key, grey, slot.Finished);
     bytes_ += slot.Bytes();

@@ -109,28 +109,38 @@ void PutRows(const toolkit::RowBlock& block, std::int64_t depth, const std::uint
     }
 }
 
-// Has `use` work with the finished glyph. The store serves one thread at a time; who finds it busy
-// does without.
+// Has `use` work with the finished glyph if it is kept. The store serves one thread at a time; who
+// finds it busy does without.
 template <typename Use>
-void WithFinished(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey,
-                  const Use& use) {
+bool WithKept(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey, const Use& use) {
     static toolkit::GlyphStore& store = *new toolkit::GlyphStore;
     static std::atomic_flag busy;
-    if (std::ssize(grey) <= kLargestKept && !busy.test_and_set(std::memory_order_acquire)) {
-        use(store.Find(key, grey));
-        busy.clear(std::memory_order_release);
-        return;
+    if (std::ssize(grey) > kLargestKept || busy.test_and_set(std::memory_order_acquire)) {
+        return false;
     }
-    std::vector<std::uint8_t> finished;
+    const std::uint8_t* const kept = store.Find(key, grey);
+    if (kept != nullptr) use(kept);
+    busy.clear(std::memory_order_release);
+    return kept != nullptr;
+}
+
+template <typename Use>
+void WithNewlyFinished(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey,
+                       const Use& use) {
+    thread_local std::vector<std::uint8_t> room;
+    std::vector<std::uint8_t> roomOnce;
+    std::vector<std::uint8_t>& finished = std::ssize(grey) <= kLargestKept ? room : roomOnce;
     toolkit::FinishGlyph(key, grey, finished);
     use(finished.data());
 }
 
 void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
                    std::span<const std::uint8_t> grey) {
-    WithFinished(key, grey, [&](const std::uint8_t* finished) {
+    const auto put = [&](const std::uint8_t* finished) {
         PutRows(block, key.BitDepth, finished, toolkit::RowSource::AllRows);
-    });
+    };
+    if (WithKept(key, grey, put) || toolkit::PaintGlyph(key, grey, block)) return;
+    WithNewlyFinished(key, grey, put);
 }
 
 // A glyph whose rows begin or end inside a byte: the other pixels of that byte keep their colours.
@@ -187,21 +197,21 @@ bool CanPrint(const t_Window& w) {
     return toolkit::IsUsable(w, toolkit::Need::TextBlock) && !w.Font.Data.empty();
 }
 
-// Writes a glyph with rows of `length` bytes as often as it fits into the block. Rows that are
-// alike are put together and written at once.
+// Writes a glyph with rows of `length` bytes as often as it fits into the block. Where all rows
+// that are left are alike, as in a blank, they are put together and written at once.
 void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int64_t depth,
                    const std::uint8_t* finished) {
     std::array<std::uint8_t, kLongestRow> pixels;  // written before it is read
-    std::int64_t next = 0;
-    for (std::int64_t r = 0; r < block.Rows; r = next) {
+    const std::uint8_t* const last = finished + (block.Rows - 1) * length;
+    std::int64_t rows = 0;
+    for (std::int64_t r = 0; r < block.Rows; r += rows) {
         const std::uint8_t* const row = finished + r * length;
-        while (++next < block.Rows && std::equal(row, row + length, finished + next * length)) {
-        }
+        rows = std::equal(row, last, row + length) ? block.Rows - r : 1;
         std::copy_n(row, length, pixels.data());
         for (std::int64_t have = length; have < block.Bytes; have *= 2) {
             std::copy_n(pixels.data(), std::min(have, block.Bytes - have), pixels.data() + have);
         }
-        PutRows({block.Address + r * block.Stride, block.Stride, block.Bytes, next - r}, depth,
+        PutRows({block.Address + r * block.Stride, block.Stride, block.Bytes, rows}, depth,
                 pixels.data(), toolkit::RowSource::OneRow);
     }
 }
@@ -224,9 +234,11 @@ bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
         return false;
     }
     const toolkit::GlyphKey key = target.Key(symbol, pair);
-    WithFinished(key, GlyphData(target.Font, symbol), [&](const std::uint8_t* finished) {
+    const std::span<const std::uint8_t> grey = GlyphData(target.Font, symbol);
+    const auto put = [&](const std::uint8_t* finished) {
         PutSideBySide(strip, cell.Bytes, key.BitDepth, finished);
-    });
+    };
+    if (!WithKept(key, grey, put)) WithNewlyFinished(key, grey, put);
     return true;
 }
 
