@@ -51,7 +51,8 @@ void ExpectAgreement(std::int64_t depth, PixelOrder order, std::int64_t distance
         narrow.Convert(from + at * depth / 8, expected.data() + 4 * at, 8);
     }
     for (const PixelConverter& converter :
-         {narrow, toolkit::ConverterFor(depth, order), toolkit::WideConverterFor(depth, order)}) {
+         {narrow, toolkit::ConverterFor(depth, order), toolkit::WideConverterFor(depth, order),
+          toolkit::HalfWideConverterFor(depth, order)}) {
         if (converter.Convert == nullptr) continue;  // not on this machine
         std::vector<std::uint8_t> pixels(expected.size() + 1, 77);
         EXPECT_TRUE(converter.Differs(from, pixels.data(), count));

@@ -16,7 +16,7 @@
 
 // Every depth has one plain loop, right on every machine. From 4 bits on there is also one that
 // takes 16 source bytes or pixels at a time by byte shuffles, which x86 has from SSSE3 on; loops by
-// larger vectors stand in wide_pixels.cpp.
+// larger vectors stand in half_wide_pixels.cpp and wide_pixels.cpp.
 
 namespace toolkit {
 
@@ -290,8 +290,11 @@ PixelConverter Converter(std::int64_t bitDepth) {
 }  // namespace
 
 PixelConverter ConverterFor(std::int64_t bitDepth, PixelOrder order) {
-    const PixelConverter wide = WideConverterFor(bitDepth, order);
-    return wide.Convert != nullptr ? wide : NarrowConverterFor(bitDepth, order);
+    for (const auto& converterFor : {WideConverterFor, HalfWideConverterFor}) {
+        const PixelConverter converter = converterFor(bitDepth, order);
+        if (converter.Convert != nullptr) return converter;
+    }
+    return NarrowConverterFor(bitDepth, order);
 }
 
 PixelConverter NarrowConverterFor(std::int64_t bitDepth, PixelOrder order) {

@@ -10,11 +10,10 @@
 #endif
 #include <immintrin.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 
-#include "toolkit/graphics/palette.h"
+#include "toolkit/graphics/pixel_tables.h"
 
 // Sixteen finished pixels are one vector. At 4 bits and more each of its bytes is a byte of the
 // source or of the palette, which is one vector too, found by one or two shuffles; at 1 bit the
@@ -24,78 +23,34 @@ namespace toolkit {
 
 namespace {
 
-using enum platform::PixelOrder;
 using platform::PixelOrder;
 
 #define KORVANDI_WIDE __attribute__((target("avx512f,avx512bw,avx512dq,avx512vbmi")))
 
 constexpr std::int64_t kPixels = 16;  // of a vector
-constexpr std::int64_t kVector = 64;
+constexpr std::size_t kVector = 64;
 
-using Bytes64 = std::array<std::uint8_t, 64>;
-
-// Where byte `place` of a finished pixel comes from.
-enum class Component : std::uint8_t { Red, Green, Blue, Alpha };
-using enum Component;
+using Bytes64 = VectorBytes<kVector>;
 
 template <PixelOrder Order>
-constexpr Component ComponentAt(std::size_t place) {
-    constexpr std::array<Component, 4> kFront = {Alpha, Red, Green, Blue};
-    constexpr std::array<Component, 4> kBack = {Blue, Green, Red, Alpha};
-    return (Order == AlphaRedGreenBlue ? kFront : kBack).at(place);
-}
-
-// A vector whose byte i is what `byteOf` says.
-template <typename ByteOf>
-consteval Bytes64 Made(const ByteOf& byteOf) {
-    Bytes64 bytes{};
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        bytes.at(i) = static_cast<std::uint8_t>(byteOf(i));
-    }
-    return bytes;
-}
-
-template <PixelOrder Order>
-constexpr Bytes64 kPalette = Made([](std::size_t i) -> int {
-    switch (ComponentAt<Order>(i % 4)) {
-        case Red:
-            return t_Palette.Red[i / 4];
-        case Green:
-            return t_Palette.Green[i / 4];
-        case Blue:
-            return t_Palette.Blue[i / 4];
-        default:
-            return 255;
-    }
+constexpr Bytes64 kPalette = MadeVector<kVector>([](std::size_t i) {
+    return PaletteByte(i / 4, ComponentAt<Order>(i % 4));
 });
 
-template <PixelOrder Order>
-constexpr Bytes64 kOpaque = Made([](std::size_t i) {
-    return ComponentAt<Order>(i % 4) == Alpha ? 255 : 0;
-});
-
-// From which byte of sixteen source pixels a byte is taken, at 8 bits and more.
 template <int BitDepth, PixelOrder Order>
-constexpr Bytes64 kSource = Made([](std::size_t i) -> std::size_t {
-    const auto component = static_cast<std::size_t>(ComponentAt<Order>(i % 4)) % 3;
-    const std::size_t pixel = i / 4;
-    if constexpr (BitDepth == 8) return pixel;
-    if constexpr (BitDepth == 16) return 2 * pixel + 1;
-    if constexpr (BitDepth == 24) return 3 * pixel + component;
-    return 4 * pixel + 1 + component;
-});
+constexpr Bytes64 kSource = MadeVector<kVector>(SourceByte<BitDepth, Order>);
 
 // At 4 bits: where in the eight source bytes the eight bits begin in which the pixel's number
 // stands two bits from below; those bits; and the byte's place in the pixel.
-constexpr Bytes64 kNumberAt = Made([](std::size_t i) {
+constexpr Bytes64 kNumberAt = MadeVector<kVector>([](std::size_t i) {
     const std::size_t pixel = i / 4;
     return (pixel / 2 * 8 + (pixel % 2 == 0 ? 4 : 0) + 62) % 64;
 });
-constexpr Bytes64 kNumber = Made([](std::size_t /*i*/) { return 0x3C; });
-constexpr Bytes64 kPlace = Made([](std::size_t i) { return i % 4; });
+constexpr Bytes64 kNumber = MadeVector<kVector>([](std::size_t /*i*/) { return 0x3C; });
+constexpr Bytes64 kPlace = MadeVector<kVector>([](std::size_t i) { return i % 4; });
 
 // At 1 bit: the pixel's bit in two source bytes.
-constexpr Bytes64 kBitOfPixel = Made([](std::size_t i) {
+constexpr Bytes64 kBitOfPixel = MadeVector<kVector>([](std::size_t i) {
     const std::size_t pixel = i / 4;
     return i % 4 == pixel / 8 ? 0x80U >> pixel % 8 : 0U;
 });
@@ -104,29 +59,24 @@ KORVANDI_WIDE inline __m512i Vector(const Bytes64& bytes) {
     return _mm512_loadu_si512(bytes.data());
 }
 
-template <std::size_t Count>
-const auto& Memory(const std::uint8_t* at) {
-    return *reinterpret_cast<const std::uint8_t(*)[Count]>(at);
-}
-
 // The bytes of sixteen source pixels, at the front or again and again. Other threads may be writing
 // them: the instructions are written out, so that each byte is read once.
 template <int BitDepth>
 KORVANDI_WIDE inline __m512i Load(const std::uint8_t* from) {
     __m512i bytes;
     if constexpr (BitDepth == 1) {
-        asm volatile("vpbroadcastw %1, %0" : "=v"(bytes) : "m"(Memory<2>(from)));
+        asm volatile("vpbroadcastw %1, %0" : "=v"(bytes) : "m"(MemoryAt<2>(from)));
     } else if constexpr (BitDepth == 4) {
-        asm volatile("vpbroadcastq %1, %0" : "=v"(bytes) : "m"(Memory<8>(from)));
+        asm volatile("vpbroadcastq %1, %0" : "=v"(bytes) : "m"(MemoryAt<8>(from)));
     } else if constexpr (BitDepth == 8) {
-        asm volatile("vbroadcasti32x4 %1, %0" : "=v"(bytes) : "m"(Memory<16>(from)));
+        asm volatile("vbroadcasti32x4 %1, %0" : "=v"(bytes) : "m"(MemoryAt<16>(from)));
     } else if constexpr (BitDepth == 16) {
-        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(Memory<32>(from)));
+        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(MemoryAt<32>(from)));
     } else if constexpr (BitDepth == 24) {
-        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(Memory<32>(from)));
-        asm volatile("vinserti32x4 $2, %1, %0, %0" : "+v"(bytes) : "m"(Memory<16>(from + 32)));
+        asm volatile("vbroadcasti64x4 %1, %0" : "=v"(bytes) : "m"(MemoryAt<32>(from)));
+        asm volatile("vinserti32x4 $2, %1, %0, %0" : "+v"(bytes) : "m"(MemoryAt<16>(from + 32)));
     } else {
-        asm volatile("vmovdqu64 %1, %0" : "=v"(bytes) : "m"(Memory<64>(from)));
+        asm volatile("vmovdqu64 %1, %0" : "=v"(bytes) : "m"(MemoryAt<64>(from)));
     }
     return bytes;
 }
@@ -146,7 +96,7 @@ KORVANDI_WIDE inline __m512i Finish(__m512i source) {
         return _mm512_permutexvar_epi8(index, Vector(kPalette<Order>));
     } else {
         return _mm512_or_si512(_mm512_permutexvar_epi8(Vector(kSource<BitDepth, Order>), source),
-                               Vector(kOpaque<Order>));
+                               Vector(kOpaque<kVector, Order>));
     }
 }
 
@@ -173,31 +123,13 @@ KORVANDI_WIDE bool Wide(const std::uint8_t* source, std::uint8_t* pixels, std::i
     return (NarrowConverterFor(BitDepth, Order).*Rest)(source, pixels, count);
 }
 
-template <PixelOrder Order, int BitDepth>
-PixelConverter Converter() {
-    return {Wide<BitDepth, Order, Write, &PixelConverter::Convert>,
-            Wide<BitDepth, Order, Compare, &PixelConverter::Differs>};
-}
-
-template <PixelOrder Order>
-PixelConverter Converter(std::int64_t bitDepth) {
-    switch (bitDepth) {
-        case 1:
-            return Converter<Order, 1>();
-        case 4:
-            return Converter<Order, 4>();
-        case 8:
-            return Converter<Order, 8>();
-        case 16:
-            return Converter<Order, 16>();
-        case 24:
-            return Converter<Order, 24>();
-        case 32:
-            return Converter<Order, 32>();
-        default:
-            return {};
+struct Maker {
+    template <int BitDepth, PixelOrder Order>
+    static PixelConverter Make() {
+        return {Wide<BitDepth, Order, Write, &PixelConverter::Convert>,
+                Wide<BitDepth, Order, Compare, &PixelConverter::Differs>};
     }
-}
+};
 
 bool HasWideShuffles() {
     static const bool has = __builtin_cpu_supports("avx512bw") != 0 &&
@@ -209,9 +141,7 @@ bool HasWideShuffles() {
 }  // namespace
 
 PixelConverter WideConverterFor(std::int64_t bitDepth, PixelOrder order) {
-    if (!HasWideShuffles()) return {};
-    return order == AlphaRedGreenBlue ? Converter<AlphaRedGreenBlue>(bitDepth)
-                                      : Converter<BlueGreenRedAlpha>(bitDepth);
+    return HasWideShuffles() ? ConverterBy<Maker>(bitDepth, order) : PixelConverter();
 }
 
 }  // namespace toolkit

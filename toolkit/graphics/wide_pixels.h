@@ -4,8 +4,10 @@
 
 namespace toolkit {
 
-/// The same as ConverterFor, by vectors of 64 bytes; an empty one where the processor has none that
-/// can be shuffled byte by byte.
+/// The same as ConverterFor, by vectors of 64 and of 32 bytes; an empty one where the processor has
+/// none that can be shuffled byte by byte.
 [[nodiscard]] PixelConverter WideConverterFor(std::int64_t bitDepth, platform::PixelOrder order);
+[[nodiscard]] PixelConverter HalfWideConverterFor(std::int64_t bitDepth,
+                                                  platform::PixelOrder order);
 
 }  // namespace toolkit

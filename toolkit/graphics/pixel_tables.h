@@ -1,0 +1,105 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/picture.h"
+#include "toolkit/graphics/palette.h"
+#include "toolkit/graphics/pixel_rows.h"
+
+// What the loops by vectors of 32 and 64 bytes share: vectors made when the program is compiled,
+// and what the bytes of finished pixels are.
+
+namespace toolkit {
+
+template <std::size_t Size>
+using VectorBytes = std::array<std::uint8_t, Size>;
+
+/// A vector whose byte i is what `byteOf` says.
+template <std::size_t Size, typename ByteOf>
+consteval VectorBytes<Size> MadeVector(const ByteOf& byteOf) {
+    VectorBytes<Size> bytes{};
+    for (std::size_t i = 0; i < Size; ++i) bytes.at(i) = static_cast<std::uint8_t>(byteOf(i));
+    return bytes;
+}
+
+enum class Component : std::uint8_t { Red, Green, Blue, Alpha };
+
+/// Byte `place` of a finished pixel.
+template <platform::PixelOrder Order>
+constexpr Component ComponentAt(std::size_t place) {
+    using enum Component;
+    constexpr std::array<Component, 4> kFront = {Alpha, Red, Green, Blue};
+    constexpr std::array<Component, 4> kBack = {Blue, Green, Red, Alpha};
+    return (Order == platform::PixelOrder::AlphaRedGreenBlue ? kFront : kBack).at(place);
+}
+
+/// 255 where an alpha byte stands.
+template <std::size_t Size, platform::PixelOrder Order>
+constexpr VectorBytes<Size> kOpaque = MadeVector<Size>([](std::size_t i) {
+    return ComponentAt<Order>(i % 4) == Component::Alpha ? 255 : 0;
+});
+
+/// A component of a palette colour.
+constexpr std::uint8_t PaletteByte(std::size_t color, Component component) {
+    switch (component) {
+        case Component::Red:
+            return static_cast<std::uint8_t>(t_Palette.Red[color]);
+        case Component::Green:
+            return static_cast<std::uint8_t>(t_Palette.Green[color]);
+        case Component::Blue:
+            return static_cast<std::uint8_t>(t_Palette.Blue[color]);
+        default:
+            return 255;
+    }
+}
+
+/// From which byte of the source a byte of finished pixels is taken, at 8 bits and more; any for an
+/// alpha byte. Both are counted from the same pixel on.
+template <int BitDepth, platform::PixelOrder Order>
+constexpr std::size_t SourceByte(std::size_t i) {
+    const auto component = static_cast<std::size_t>(ComponentAt<Order>(i % 4)) % 3;
+    const std::size_t pixel = i / 4;
+    if constexpr (BitDepth == 8) return pixel;
+    if constexpr (BitDepth == 16) return 2 * pixel + 1;
+    if constexpr (BitDepth == 24) return 3 * pixel + component;
+    return 4 * pixel + 1 + component;
+}
+
+/// So many bytes, for the operand of an instruction.
+template <std::size_t Count>
+const auto& MemoryAt(const std::uint8_t* at) {
+    return *reinterpret_cast<const std::uint8_t(*)[Count]>(at);
+}
+
+/// Maker::Make<BitDepth, Order>() for a depth and an order that the running program knows; an empty
+/// converter for a depth that there is not.
+template <typename Maker, platform::PixelOrder Order>
+PixelConverter ConverterBy(std::int64_t bitDepth) {
+    switch (bitDepth) {
+        case 1:
+            return Maker::template Make<1, Order>();
+        case 4:
+            return Maker::template Make<4, Order>();
+        case 8:
+            return Maker::template Make<8, Order>();
+        case 16:
+            return Maker::template Make<16, Order>();
+        case 24:
+            return Maker::template Make<24, Order>();
+        case 32:
+            return Maker::template Make<32, Order>();
+        default:
+            return {};
+    }
+}
+
+template <typename Maker>
+PixelConverter ConverterBy(std::int64_t bitDepth, platform::PixelOrder order) {
+    using enum platform::PixelOrder;
+    return order == AlphaRedGreenBlue ? ConverterBy<Maker, AlphaRedGreenBlue>(bitDepth)
+                                      : ConverterBy<Maker, BlueGreenRedAlpha>(bitDepth);
+}
+
+}  // namespace toolkit
