@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds with counters, runs all tests and prints line and branch coverage, file by file. Branches
-# that only an exception takes are left out.
+# that only an exception takes, and those of comparisons that the compiler writes, are left out.
 # usage: coverage.sh jobs
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -13,7 +13,8 @@ ctest --preset coverage -j "$1" > build/coverage/tests.log || status=$?
 tail -n 12 build/coverage/tests.log
 report() {
     gcovr --root . --object-directory build/coverage --filter "$1" --gcov-ignore-parse-errors \
-        --exclude-throw-branches --exclude-unreachable-branches "${@:2}" build/coverage
+        --exclude-throw-branches --exclude-unreachable-branches \
+        --exclude-branches-by-pattern '.*operator==.*= default;.*' "${@:2}" build/coverage
 }
 for folder in toolkit/ game/ platform/ platform/desktop/; do
     echo

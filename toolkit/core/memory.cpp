@@ -18,8 +18,9 @@ namespace toolkit {
 namespace {
 
 constexpr std::int64_t kChunk = 4096;  // bytes of a local buffer: small enough for the first cache
+constexpr std::int64_t kVector = 16;   // the most bytes that move at once
+constexpr std::int64_t kLong = 512;    // a run from here on is worth the start of a string move
 constexpr std::uint8_t kUntouched = 255;
-constexpr std::int64_t kVector = 16;  // the most bytes that move at once
 
 // How a run splits: bytes up to an aligned address, whole vectors, and the bytes left.
 struct Split {
@@ -262,7 +263,7 @@ bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value) {
 
 bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) {
     if (!InMemory(source, count) || !InMemory(destination, count)) return false;
-    if (source >= destination && HasFastStrings()) {
+    if (source >= destination && count >= kLong && HasFastStrings()) {
         MoveString(t_Memory.data() + source, t_Memory.data() + destination, count);
     } else if ((source - destination) % kVector != 0) {
         MoveInChunks(source, destination, count);
@@ -279,10 +280,6 @@ bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) 
 }  // namespace toolkit
 
 void t_MemoryArray::Create() {
-    if (data() != nullptr) {
-        toolkit::FillRun(0, size(), toolkit::kUntouched);
-        return;
-    }
     std::future<std::uint8_t*>& ahead = toolkit::BytesAhead();
     bytes_ = ahead.valid() ? ahead.get() : toolkit::MakeBytes();
     size_ = toolkit::kMemorySize;
