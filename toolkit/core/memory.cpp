@@ -7,6 +7,8 @@
 #include <future>
 #include <new>
 #include <system_error>
+#include <thread>
+#include <utility>
 
 #include "toolkit/core/output.h"
 #include "toolkit/core/shared_bytes.h"
@@ -288,11 +290,15 @@ void t_MemoryArray::Create() {
 void t_MemoryArray::MakeAhead() {
     std::future<std::uint8_t*>& ahead = toolkit::BytesAhead();
     if (data() != nullptr || ahead.valid()) return;
+    std::packaged_task<std::uint8_t*()> making(toolkit::MakeBytes);
+    std::future<std::uint8_t*> bytes = making.get_future();
     try {
-        ahead = std::async(std::launch::async, toolkit::MakeBytes);
+        // On its own: nobody waits for it when the process ends before the memory is wanted.
+        std::thread(std::move(making)).detach();
     } catch (const std::system_error&) {
         return;  // no thread to be had: Create does it all
     }
+    ahead = std::move(bytes);
 }
 
 void t_MoveMemory(std::int64_t source, std::int64_t destination, std::int64_t count) {

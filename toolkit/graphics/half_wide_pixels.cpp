@@ -31,14 +31,16 @@ using Bytes32 = VectorBytes<kVector>;
 template <int BitDepth>
 constexpr std::int64_t kPixels = BitDepth == 4 ? 32 : 8;  // at once
 
-// In the high half of a vector that holds eight pixels of three bytes, the fifth one begins here.
-constexpr std::size_t kHighStart24 = 4;
+// Of eight pixels of three bytes the high half holds the bytes from 8 on; the fifth pixel, the
+// first that it makes, begins at byte 12.
+constexpr std::ptrdiff_t kHighHalf24 = 8;
+constexpr std::size_t kFifthPixel24 = 12 - kHighHalf24;
 
 // From which byte of its half a byte is taken, at 8 bits and more.
 template <int BitDepth, PixelOrder Order>
 constexpr Bytes32 kSource = MadeVector<kVector>([](std::size_t i) {
     if constexpr (BitDepth <= 16) return SourceByte<BitDepth, Order>(i);
-    const std::size_t start = BitDepth == 24 && i >= kHalf ? kHighStart24 : 0;
+    const std::size_t start = BitDepth == 24 && i >= kHalf ? kFifthPixel24 : 0;
     return start + SourceByte<BitDepth, Order>(i % kHalf);
 });
 
@@ -86,12 +88,11 @@ KORVANDI_HALF_WIDE inline __m256i Load(const std::uint8_t* from) {
     } else if constexpr (BitDepth == 32) {
         asm volatile("vmovdqu %1, %0" : "=x"(bytes) : "m"(MemoryAt<32>(from)));
     } else {
-        constexpr std::ptrdiff_t kHigh = BitDepth == 24 ? 3 * 4 - kHighStart24 : 0;
         asm volatile("vbroadcasti128 %1, %0" : "=x"(bytes) : "m"(MemoryAt<16>(from)));
-        if constexpr (kHigh > 0) {
+        if constexpr (BitDepth == 24) {
             asm volatile("vinserti128 $1, %1, %0, %0"
                          : "+x"(bytes)
-                         : "m"(MemoryAt<16>(from + kHigh)));
+                         : "m"(MemoryAt<16>(from + kHighHalf24)));
         }
     }
     return bytes;
