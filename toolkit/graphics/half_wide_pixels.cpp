@@ -12,8 +12,8 @@
 
 // Eight finished pixels are one vector, whose two halves are shuffled each by itself. At 8 bits and
 // more a half takes its bytes from the source. At 4 bits the palette is shuffled by the source's
-// numbers, one component after the other, for 32 pixels at once. At 1 bit the source's bits choose
-// between two colours.
+// numbers, one component after the other; at 1 bit the source's bits choose between two colours:
+// both for 32 pixels at once.
 
 namespace toolkit {
 
@@ -29,7 +29,7 @@ constexpr std::size_t kHalf = 16;
 using Bytes32 = VectorBytes<kVector>;
 
 template <int BitDepth>
-constexpr std::int64_t kPixels = BitDepth == 4 ? 32 : 8;  // at once
+constexpr std::int64_t kPixels = BitDepth <= 4 ? 32 : 8;  // at once
 
 // Of eight pixels of three bytes the high half holds the bytes from 8 on; the fifth pixel, the
 // first that it makes, begins at byte 12.
@@ -62,9 +62,12 @@ constexpr Bytes32 kPlaceOfPalette = MadeVector<kVector>([](std::size_t i) {
     return PaletteByte(i % kHalf, ComponentAt<Order>(Place));
 });
 
-// At 1 bit: the pixel's bit in a source byte, and the two colours.
-constexpr Bytes32 kBitOfPixel =
-    MadeVector<kVector>([](std::size_t i) { return i % 4 == 0 ? 0x80U >> i / 4 : 0U; });
+// At 1 bit: the pixel's bit in four source bytes, of which `Byte` is the one for this vector, and
+// the two colours.
+template <std::size_t Byte>
+constexpr Bytes32 kBitOfPixel = MadeVector<kVector>([](std::size_t i) {
+    return i % 4 == Byte ? 0x80U >> i / 4 : 0U;
+});
 template <PixelOrder Order, std::size_t Color>
 constexpr Bytes32 kColor = MadeVector<kVector>([](std::size_t i) {
     return PaletteByte(Color, ComponentAt<Order>(i % 4));
@@ -80,7 +83,7 @@ template <int BitDepth>
 KORVANDI_HALF_WIDE inline __m256i Load(const std::uint8_t* from) {
     __m256i bytes;
     if constexpr (BitDepth == 1) {
-        asm volatile("vpbroadcastb %1, %0" : "=x"(bytes) : "m"(MemoryAt<1>(from)));
+        asm volatile("vpbroadcastd %1, %0" : "=x"(bytes) : "m"(MemoryAt<4>(from)));
     } else if constexpr (BitDepth == 8) {
         asm volatile("vpbroadcastq %1, %0" : "=x"(bytes) : "m"(MemoryAt<8>(from)));
     } else if constexpr (BitDepth == 4) {
@@ -113,11 +116,12 @@ struct Compare {
     }
 };
 
-template <PixelOrder Order>
-KORVANDI_HALF_WIDE inline __m256i Finish1Bit(__m256i source) {
-    const __m256i bit = Vector(kBitOfPixel);
+template <PixelOrder Order, typename Use, std::size_t Byte>
+KORVANDI_HALF_WIDE inline bool Put1Bit(__m256i source, std::uint8_t* pixels) {
+    const __m256i bit = Vector(kBitOfPixel<Byte>);
     const __m256i isSet = _mm256_cmpeq_epi32(_mm256_and_si256(source, bit), bit);
-    return _mm256_blendv_epi8(Vector(kColor<Order, 0>), Vector(kColor<Order, 15>), isSet);
+    return Use::Put(_mm256_blendv_epi8(Vector(kColor<Order, 0>), Vector(kColor<Order, 15>), isSet),
+                    pixels + kVector * Byte);
 }
 
 template <PixelOrder Order, std::size_t Place>
@@ -149,7 +153,8 @@ template <int BitDepth, PixelOrder Order, typename Use>
 KORVANDI_HALF_WIDE inline bool PutPixels(const std::uint8_t* from, std::uint8_t* pixels) {
     const __m256i source = Load<BitDepth>(from);
     if constexpr (BitDepth == 1) {
-        return Use::Put(Finish1Bit<Order>(source), pixels);
+        return Put1Bit<Order, Use, 0>(source, pixels) || Put1Bit<Order, Use, 1>(source, pixels) ||
+               Put1Bit<Order, Use, 2>(source, pixels) || Put1Bit<Order, Use, 3>(source, pixels);
     } else if constexpr (BitDepth == 4) {
         return Put4Bits<Order, Use>(source, pixels);
     } else {
