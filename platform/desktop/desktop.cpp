@@ -43,6 +43,7 @@ void MakeEventLoop(int argc, char** argv) {
     if (!chosenByPerson) qputenv("QT_QPA_PLATFORM", ReachablePlatform().c_str());
     static const auto* const eventLoop = new EventLoop(arguments, argv);  // never destroyed
     static_cast<void>(eventLoop);
+    LetGoOfDisplay();
     if (!chosenByPerson) qunsetenv("QT_QPA_PLATFORM");
 }
 

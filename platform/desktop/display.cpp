@@ -171,11 +171,20 @@ bool PluginInstalled(std::string_view name) {
     return false;
 }
 
+// What found the X display.
+Connection& Finder() {
+    static auto* const connection = new Connection;
+    return *connection;
+}
+
 // `plugin` as the window system's own choice of platform names it, options after a colon.
 bool PluginReachable(std::string_view plugin) {
     const std::string_view name = plugin.substr(0, plugin.find(':'));
     if (name.empty() || !PluginInstalled(name)) return false;
-    if (name == "xcb") return Connect() != nullptr;
+    if (name == "xcb") {
+        Finder() = Connect();
+        return Finder() != nullptr;
+    }
     if (name.starts_with("wayland")) return WaylandReachable();
     return true;
 }
@@ -228,6 +237,10 @@ const std::string& ReachablePlatform() {
         return std::string();
     }();
     return reachable;
+}
+
+void LetGoOfDisplay() {
+    Finder().reset();
 }
 
 bool DisplayReachable() {

@@ -10,8 +10,12 @@
 namespace platform::desktop {
 
 /// The first display system that can be reached, named as the window library names its plugins;
-/// empty when there is none. Found out once.
+/// empty when there is none. Found out once. An X display stays connected until LetGoOfDisplay: a
+/// server whose last client leaves may start anew, and refuses whoever comes meanwhile.
 [[nodiscard]] const std::string& ReachablePlatform();
+
+/// The window library has its own connection now.
+void LetGoOfDisplay();
 
 /// Height in device pixels of what the running window manager puts above a titled window, asked for
 /// a window that is not shown. 0 without a window manager; no value when the manager does not
