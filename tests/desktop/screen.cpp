@@ -123,9 +123,11 @@ Screen& Screen::Shared() {
 Screen::Screen(const std::string& size, Manager manager) {
     setenv("LC_ALL", "C.UTF-8", 1);  // xdotool neither types nor finds umlauts without one
     // The server takes a free number and says which.
-    server_.emplace(std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0",
-                                             size + "x24", "-nolisten", "tcp"},
-                    "");
+    std::vector<std::string> server{"Xvfb", "-displayfd", "1",         "-screen",
+                                    "0",    size + "x24", "-nolisten", "tcp"};
+    // Or it would start anew, and refuse the manager, when whoever looks for that one leaves alone.
+    if (manager != Manager::None) server.emplace_back("-noreset");
+    server_.emplace(server, "");
     display_.assign(1, ':');
     display_ += server_->Line("").value_or("none");
     if (manager == Manager::None) return;
