@@ -282,6 +282,10 @@ bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) 
 }  // namespace toolkit
 
 void t_MemoryArray::Create() {
+    if (data() != nullptr) {
+        toolkit::FillRun(0, size(), toolkit::kUntouched);
+        return;
+    }
     std::future<std::uint8_t*>& ahead = toolkit::BytesAhead();
     bytes_ = ahead.valid() ? ahead.get() : toolkit::MakeBytes();
     size_ = toolkit::kMemorySize;

@@ -18,7 +18,8 @@ class t_MemoryArray {
     [[nodiscard]] std::uint8_t* data() const { return bytes_.load(std::memory_order_acquire); }
     [[nodiscard]] std::int64_t size() const { return size_.load(std::memory_order_acquire); }
 
-    /// Makes toolkit::kMemorySize bytes, all 255. Once, before any other thread uses the memory.
+    /// Makes toolkit::kMemorySize bytes, all 255, or makes those that are there so again. While no
+    /// other thread uses the memory.
     void Create();
 
     /// Begins with that on a thread of its own, so that Create finds most of it done: to touch so
