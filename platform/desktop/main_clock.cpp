@@ -2,7 +2,6 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
-#include <utility>
 
 #include "platform/desktop/desk.h"
 #include "platform/desktop/host_window.h"
@@ -22,7 +21,9 @@ void Prepare() {
 }  // namespace
 
 void MainClock::Sleep(std::chrono::nanoseconds duration) {
-    if (OnMain() && !std::exchange(prepared_, true)) {
+    // Asked in this order, a pause of another thread takes no lock once the program runs.
+    if (!prepared_ && OnMain()) {
+        prepared_ = true;
         const auto start = std::chrono::steady_clock::now();
         Prepare();
         duration -= std::chrono::steady_clock::now() - start;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "platform/desktop/machine.h"
 
 namespace platform::desktop {
@@ -11,7 +13,7 @@ class MainClock : public MachineClock {
     void Sleep(std::chrono::nanoseconds duration) override;
 
   private:
-    bool prepared_ = false;  // main thread
+    std::atomic<bool> prepared_ = false;
 };
 
 }  // namespace platform::desktop
