@@ -7,6 +7,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "app/program_name.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/toolkit.h"
@@ -59,7 +60,7 @@ void SaveText() {
     const std::optional<std::string> text = TextOf(t_FrontWindow());
     if (!text) return t_SysBeep();
     const std::string path = t_SaveFileDialog(
-        "Korvandi.txt", "Text sichern",
+        ProgramName() + ".txt", "Text sichern",
         "Der Text des vorderen Fensters wird in eine Datei geschrieben.", kTextFiles);
     if (path.empty()) return;
     const std::string fault = Write(path, *text);

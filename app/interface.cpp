@@ -5,6 +5,7 @@
 
 #include "app/console_feed.h"
 #include "app/menus.h"
+#include "app/program_name.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
@@ -90,10 +91,11 @@ bool FirstWindowIsOpen() {
 
 // What is left when every other window is hidden: the ways back to them.
 void AddMainWindow(toolkit::Outlets& outlets) {
+    const std::string name = ProgramName();
     outlets.MainWindow = platform::Current().Windows->MakeFormWindow(
-        "Korvandi",
+        "Hauptfenster",
         {
-            Words(FormRow::Kind::Heading, "Korvandi"),
+            Words(FormRow::Kind::Heading, name),
             Words(
                 FormRow::Kind::Label,
                 "Ein kleiner Heimcomputer in Fenstern. Hier kommen Sie zu allen Fenstern zurück."),
@@ -103,7 +105,7 @@ void AddMainWindow(toolkit::Outlets& outlets) {
             ShowButton("Drucker zeigen", toolkit::kPrinterWindow),
             ShowButton("Systemkonsole zeigen", toolkit::kConsoleWindow),
             ShowButton("Einstellungen …", toolkit::kPreferencesWindow),
-            Button("Korvandi beenden", [] { platform::Current().App->Terminate(); }),
+            Button(name + " beenden", [] { platform::Current().App->Terminate(); }),
         });
 }
 
@@ -157,7 +159,8 @@ void AddPreferencesWindow(toolkit::Outlets& outlets) {
             SoundSwitch(),
             Choice("Größe der offenen Grafikfenster", kScalesInPercent, " %", 0, SetScale),
             Choice("Bilder je Sekunde", kRefreshRates, "", kUsualRate, SetRefreshRate),
-            Words(FormRow::Kind::Label, "Gilt für die offenen Grafikfenster, bis Korvandi endet."),
+            Words(FormRow::Kind::Label,
+                  "Gilt für die offenen Grafikfenster, bis " + ProgramName() + " endet."),
         });
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/app_delegate.h"
+#include "app/program_name.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 
@@ -22,9 +23,8 @@ struct ItemRow {
     std::string_view Key;
 };
 
+// Between the items that bear the program's name.
 constexpr ItemRow kProgramItems[] = {
-    {"Über Korvandi", 205, ""},
-    {"", 0, ""},
     {"Einstellungen …", 207, ""},
     {"", 0, ""},
     {"Alle Fenster ausblenden", 200, "h"},
@@ -84,17 +84,26 @@ void AddItem(platform::Menu& menu, std::string_view title, std::int64_t tag, std
 }
 
 template <std::size_t Rows>
-platform::Menu& AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
-    platform::Menu& menu = platform::Current().Menus->Add(title);
+void AddItems(platform::Menu& menu, const ItemRow (&rows)[Rows]) {
     for (const ItemRow& row : rows) {
         row.Title.empty() ? menu.AddSeparator() : AddItem(menu, row.Title, row.Tag, row.Key);
     }
+}
+
+template <std::size_t Rows>
+platform::Menu& AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
+    platform::Menu& menu = platform::Current().Menus->Add(title);
+    AddItems(menu, rows);
     return menu;
 }
 
-void AddQuit(platform::Menu& menu) {
+void AddProgramMenu(const std::string& name) {
+    platform::Menu& menu = platform::Current().Menus->Add(name);
+    AddItem(menu, "Über " + name, 205, "");
     menu.AddSeparator();
-    menu.Add(NewItem("Korvandi beenden", 0, "q",
+    AddItems(menu, kProgramItems);
+    menu.AddSeparator();
+    menu.Add(NewItem(name + " beenden", 0, "q",
                      [](const MenuItem& /*item*/) { platform::Current().App->Terminate(); }));
 }
 
@@ -109,7 +118,7 @@ void AddGraphicWindows(platform::Menu& menu) {
 }  // namespace
 
 void BuildMenus() {
-    AddQuit(AddMenu("Korvandi", kProgramItems));
+    AddProgramMenu(ProgramName());
     AddMenu("Ablage", kFileItems);
     AddMenu("Bearbeiten", kEditItems);
     AddGraphicWindows(AddMenu("Fenster", kWindowItems));

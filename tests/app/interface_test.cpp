@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "app/console_feed.h"
+#include "app/menus.h"
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
 #include "toolkit/core/output.h"
@@ -69,6 +70,16 @@ TEST_F(Interface, ChosenItemsReachTheToolkit) {
     desktop.Choose("Korvandi", "Korvandi beenden");
     desktop.Run(delegate);  // ends after the launch
     EXPECT_TRUE(desktop.Printed().ends_with("applicationWillTerminate: Called.\n"));
+    while (platform::RunningThreads() != 0) std::this_thread::yield();
+}
+
+TEST_F(Interface, MenusBearTheNameOfTheProgram) {
+    desktop.Bundle = "/opt/Mein Spiel.app";
+    BuildMenus();
+    desktop.Choose("Mein Spiel", "Über Mein Spiel");
+    EXPECT_EQ(t_FrontWindow(), 12);
+    desktop.Choose("Mein Spiel", "Mein Spiel beenden");
+    desktop.Run(delegate);  // ends after the launch
     while (platform::RunningThreads() != 0) std::this_thread::yield();
 }
 

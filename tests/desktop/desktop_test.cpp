@@ -106,7 +106,7 @@ TEST_F(Desktop, CloseBoxHidesAndNobodyIsLeftWithoutAWindow) {
     const std::string window = OpenProbe();
     screen.Press("alt+F4");
     EXPECT_TRUE(probe->Line("t_MouseEventPostCloseBoxClick: Window = 0"));
-    EXPECT_FALSE(screen.WindowTitled("Korvandi").empty()) << "the main window";
+    EXPECT_FALSE(screen.WindowTitled("Hauptfenster").empty());
     EXPECT_EQ(screen.Do("search --onlyvisible --name '^Probe$'"), "");
     EXPECT_EQ(Command("front 0"), "done front");
     EXPECT_EQ(screen.WindowTitled("Probe"), window) << "hidden, not closed";

@@ -57,9 +57,10 @@ TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
         const char* Key;
         const char* Title;
     };
-    for (const Row& row : {Row{"ctrl+shift+k", "Systemkonsole"}, Row{"ctrl+shift+d", "Drucker"},
-                           Row{"ctrl+shift+z", "Zwischenablage"},
-                           Row{"ctrl+shift+e", "Einstellungen"}, Row{"ctrl+shift+m", "Korvandi"}}) {
+    for (const Row& row :
+         {Row{"ctrl+shift+k", "Systemkonsole"}, Row{"ctrl+shift+d", "Drucker"},
+          Row{"ctrl+shift+z", "Zwischenablage"}, Row{"ctrl+shift+e", "Einstellungen"},
+          Row{"ctrl+shift+m", "Hauptfenster"}}) {
         screen.Press(row.Key);
         const std::string shown = screen.WindowTitled(row.Title);
         EXPECT_FALSE(shown.empty()) << row.Title;
@@ -69,7 +70,7 @@ TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
     EXPECT_TRUE(Eventually([&] {
         return screen.Do("search --onlyvisible --name '^(Probe|Systemkonsole|Drucker)$'").empty();
     }));
-    Focus(screen.WindowTitled("Korvandi"));
+    Focus(screen.WindowTitled("Hauptfenster"));
     screen.Press("ctrl+shift+0");
     EXPECT_EQ(screen.WindowTitled("Probe"), window);
     Focus(window);

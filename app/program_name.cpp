@@ -1,0 +1,9 @@
+#include "app/program_name.h"
+
+#include <filesystem>
+
+#include "platform/platform.h"
+
+std::string ProgramName() {
+    return std::filesystem::path(platform::Current().Files->BundlePath()).stem().string();
+}
