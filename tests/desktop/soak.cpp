@@ -52,8 +52,11 @@ class Person {
         }
     }
 
+    // From whatever window of the program is there; a click beside all of them, or the last one
+    // hidden, leaves none that hears keys.
     void ShowTheGame() {
         screen_.Press("Escape");
+        Do("search --onlyvisible --class '^Probe$' windowactivate");
         screen_.Press("ctrl+shift+0");
         const std::string windows = screen_.Do("search --onlyvisible --name '^Probe$'");
         game_ = windows.substr(0, windows.find('\n'));
