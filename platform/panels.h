@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-// The panels in which a person chooses files. Main thread; other work of the main thread goes on
-// while a panel is open. Paths are absolute, UTF-8, canonically precomposed.
+// The panels in which a person chooses files, and alerts. Main thread; other work of the main
+// thread goes on while a panel is open. Paths are absolute, UTF-8, canonically precomposed.
 
 namespace platform {
 
@@ -28,6 +29,13 @@ struct SavePanel {
     std::vector<std::string> FileTypes;  // extensions without the dot; others stay allowed
 };
 
+/// A message or a question in a window of its own.
+struct Alert {
+    std::string Message;               // one sentence
+    std::string Details;               // smaller, below the message; may be empty
+    std::vector<std::string> Buttons;  // at least one; the first one is the usual answer
+};
+
 class Panels {
   public:
     virtual ~Panels() = default;
@@ -36,6 +44,9 @@ class Panels {
     virtual std::vector<std::string> RunOpenPanel(const OpenPanel& panel) = 0;
     /// No value when the person cancelled.
     virtual std::optional<std::string> RunSavePanel(const SavePanel& panel) = 0;
+    /// The position of the pressed button in `Buttons`, from 0; the last one when the person
+    /// pressed Escape or closed the window.
+    virtual std::int64_t RunAlert(const Alert& alert) = 0;
 };
 
 }  // namespace platform

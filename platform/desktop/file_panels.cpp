@@ -10,6 +10,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QTreeView>
 
+#include "platform/desktop/alert_box.h"
 #include "platform/desktop/text.h"
 
 namespace platform::desktop {
@@ -131,6 +132,10 @@ std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
     const std::vector<std::string> paths = Run(dialog);
     if (paths.empty()) return std::nullopt;
     return paths.front();
+}
+
+std::int64_t FilePanels::RunAlert(const Alert& alert) {
+    return RunAlertBox(alert);
 }
 
 }  // namespace platform::desktop

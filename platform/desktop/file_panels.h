@@ -4,11 +4,12 @@
 
 namespace platform::desktop {
 
-/// The panels for files, as dialogs of the program itself. Main thread.
+/// The panels, as dialogs of the program itself. Main thread.
 class FilePanels : public Panels {
   public:
     std::vector<std::string> RunOpenPanel(const OpenPanel& panel) override;
     std::optional<std::string> RunSavePanel(const SavePanel& panel) override;
+    std::int64_t RunAlert(const Alert& alert) override;
 };
 
 }  // namespace platform::desktop

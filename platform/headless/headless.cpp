@@ -206,6 +206,14 @@ std::optional<std::string> Headless::RunSavePanel(const SavePanel& panel) {
     return answer;
 }
 
+std::int64_t Headless::RunAlert(const Alert& alert) {
+    AlertsRun.push_back(alert);
+    if (AlertAnswers.empty()) return std::ssize(alert.Buttons) - 1;
+    const std::int64_t answer = AlertAnswers.front();
+    AlertAnswers.erase(AlertAnswers.begin());
+    return answer;
+}
+
 void Headless::Clear() {
     BoardText.reset();
     BoardPicture.reset();

@@ -157,6 +157,8 @@ class Headless final : public Application,
     std::vector<std::optional<std::string>> SaveAnswers;  // taken from the front
     std::vector<OpenPanel> OpenPanelsRun;
     std::vector<SavePanel> SavePanelsRun;
+    std::vector<std::int64_t> AlertAnswers;  // taken from the front; none: the last button
+    std::vector<Alert> AlertsRun;
     std::optional<std::string> BoardText;
     std::optional<Picture> BoardPicture;
     void ActivateOther() { active_ = nullptr; }  // another application comes to the front
@@ -196,6 +198,7 @@ class Headless final : public Application,
     // platform::Panels
     std::vector<std::string> RunOpenPanel(const OpenPanel& panel) override;
     std::optional<std::string> RunSavePanel(const SavePanel& panel) override;
+    std::int64_t RunAlert(const Alert& alert) override;
 
     // platform::Pasteboard
     [[nodiscard]] std::optional<std::string> Text() override { return BoardText; }
