@@ -1,7 +1,9 @@
 #include "app/app_delegate.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "app/program_name.h"
 #include "platform/platform.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
@@ -53,9 +55,42 @@ void LayOut(const toolkit::Outlets& outlets, const LayoutRow& row, const platfor
     ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - kRulerWidth, kRulerHeight});
 }
 
+bool IsVisible(std::uint8_t window) {
+    const platform::Window* const host = t_WindowHostWindow(window);
+    return host != nullptr && host->IsVisible();
+}
+
+std::int64_t VisibleWindows() {
+    std::int64_t visible = 0;
+    for (std::uint8_t n = 0; n <= toolkit::kMainWindow; ++n) visible += IsVisible(n) ? 1 : 0;
+    return visible;
+}
+
+// A graphic window that was never set up is black.
+bool AnyWindowIsOfUse() {
+    for (std::uint8_t n = 0; n <= toolkit::kMainWindow; ++n) {
+        const bool blank = n < toolkit::kGraphicWindows && !t_Windows[n].Initialized;
+        if (!blank && IsVisible(n)) return true;
+    }
+    return false;
+}
+
+std::string List(const std::vector<std::string>& texts) {
+    std::string list;
+    for (const std::string& text : texts) {
+        if (!list.empty()) list += ", ";
+        list += text;
+    }
+    return list;
+}
+
 }  // namespace
 
-AppDelegate::AppDelegate(std::function<void()> program) : program_(std::move(program)) {
+AppDelegate::AppDelegate(std::function<void()> program, std::function<void()> programIsOver)
+    : run_(std::move(program), [this, tell = std::move(programIsOver)] {
+          if (!AnyWindowIsOfUse()) ShowMainWindow();
+          if (tell) tell();
+      }) {
     t_AppDelegate = this;
 }
 
@@ -68,8 +103,12 @@ void AppDelegate::applicationDidFinishLaunching() {
     PrintLine("applicationDidFinishLaunching: Start.");
     initvxtools();
     t_TitleBarHeight = MeasuredTitleBarHeight();
+    searched_ = platform::Current().Files->SearchedInVain();
+    if (!searched_.empty()) {
+        PrintLine("applicationDidFinishLaunching: Resources not found in ", List(searched_), ".");
+    }
     PrintLine("Program: Start.");
-    startprocess(program_, kProgramStack);
+    run_.Start();
     PrintLine("applicationDidFinishLaunching: End.");
 }
 
@@ -78,8 +117,14 @@ void AppDelegate::applicationWillTerminate() {
     t_TerminateHandler();
 }
 
+// The main window would come back as soon as it is hidden; other windows leave it behind.
 bool AppDelegate::windowShouldClose(platform::Window& window) {
-    t_MouseEventPostCloseBoxClick(toolkit::WindowNumber(&window));
+    const bool isLast = window.IsVisible() && VisibleWindows() == 1;
+    if (!isLast || &window != MainWindow) {
+        t_MouseEventPostCloseBoxClick(toolkit::WindowNumber(&window));
+        if (isLast) ShowMainWindow();
+    }
+    if (isLast) platform::PostToMain([this] { AskWhetherToQuit(); });
     return false;
 }
 
@@ -100,7 +145,51 @@ void AppDelegate::titleBarHeightDidChange(std::int64_t height) {
 }
 
 void AppDelegate::lastWindowDidHide() {
+    ShowMainWindow();
+}
+
+void AppDelegate::applicationDidSettle() {
+    if (!AnyWindowIsOfUse() || !searched_.empty()) ShowMainWindow();
+}
+
+std::string AppDelegate::Notice() const {
+    std::string notice;
+    if (!searched_.empty()) {
+        notice = "Die Schriften und Töne wurden nicht gefunden. Gesucht wurde in " +
+                 List(searched_) + ". ";
+    }
+    notice += WhatBecameOfTheProgram();
+    if (!notice.empty()) notice += "Einzelheiten stehen in der Systemkonsole.";
+    return notice;
+}
+
+std::string AppDelegate::WhatBecameOfTheProgram() const {
+    const bool opened =
+        std::ranges::any_of(t_Windows, [](const t_Window& w) -> bool { return w.Initialized; });
+    switch (run_.Now()) {
+        case ProgramRun::State::NotPossible:
+            return "Das Programm konnte nicht gestartet werden: " + run_.Fault() + ". ";
+        case ProgramRun::State::Ended:
+            return opened ? "Das Programm ist zu Ende. "
+                          : "Das Programm ist zu Ende, ohne ein Fenster geöffnet zu haben. ";
+        case ProgramRun::State::Running:
+            return opened ? "" : "Das Programm läuft, hat aber noch kein Fenster geöffnet. ";
+        case ProgramRun::State::NotStarted:
+            break;
+    }
+    return "";
+}
+
+void AppDelegate::ShowMainWindow() const {
     if (MainWindow != nullptr) MainWindow->MakeKeyAndOrderFront();
+}
+
+void AppDelegate::AskWhetherToQuit() {
+    if (std::exchange(asking_, true)) return;
+    const std::int64_t answer = platform::Current().Dialogs->RunAlert(
+        {"Möchten Sie " + ProgramName() + " beenden?", "", {"Beenden", "Abbrechen"}});
+    asking_ = false;
+    if (answer == 0) platform::Current().App->Terminate();
 }
 
 void AppDelegate::MenuHandler(const platform::MenuItem& item) {

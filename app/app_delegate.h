@@ -2,7 +2,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <vector>
 
+#include "app/program_run.h"
 #include "platform/application.h"
 #include "platform/menu.h"
 #include "platform/window.h"
@@ -13,14 +16,17 @@
 /// thread.
 class AppDelegate final : public toolkit::Outlets, public platform::ApplicationClient {
   public:
-    /// `program` is what the program thread runs.
-    explicit AppDelegate(std::function<void()> program);
+    /// `program` is what the program thread runs; `programIsOver` is called on the main thread when
+    /// it has ended or could not be started.
+    explicit AppDelegate(std::function<void()> program, std::function<void()> programIsOver = {});
 
     /// Logs "applicationWillFinishLaunching: Called." and names the main thread "AppDelegate".
     void applicationWillFinishLaunching() override;
     /// Builds the tables, measures the title bar and starts the program thread. Logs
     ///   "applicationDidFinishLaunching: Start."  "Program: Start."
     ///   "applicationDidFinishLaunching: End."
+    /// and, where there are no resource files,
+    ///   "applicationDidFinishLaunching: Resources not found in <folder>, <folder>."
     void applicationDidFinishLaunching() override;
     void applicationDidBecomeActive() override {}
     void applicationWillResignActive() override {}
@@ -29,7 +35,8 @@ class AppDelegate final : public toolkit::Outlets, public platform::ApplicationC
     /// False: closing windows never ends the application.
     bool applicationShouldTerminateAfterLastWindowClosed() override { return false; }
 
-    /// Hides the window instead of closing it. False: the platform never closes it itself.
+    /// Hides the window instead of closing it, and asks whether to quit when it was the last one on
+    /// the screen. False: the platform never closes it itself.
     bool windowShouldClose(platform::Window& window) override;
     void windowWillClose(platform::Window& /*window*/) override {}
     /// Fits the scroll view and the ruler of the text window that the person works in.
@@ -39,17 +46,27 @@ class AppDelegate final : public toolkit::Outlets, public platform::ApplicationC
     void titleBarHeightDidChange(std::int64_t height) override;
     /// Shows the main window, so that the way to the menus is never lost.
     void lastWindowDidHide() override;
+    /// Shows it, too, when a person has nothing to look at so far, or something is missing.
+    void applicationDidSettle() override;
+
+    /// The user program's run.
+    [[nodiscard]] ProgramRun& TheRun() { return run_; }
+    /// What the main window has to tell: what became of the program or is missing. Empty for
+    /// nothing.
+    [[nodiscard]] std::string Notice() const;
 
     /// A menu item was chosen; a button of a window was pressed, which means nothing to the
     /// toolkit.
     static void MenuHandler(const platform::MenuItem& item);
     static void ButtonHandler() {}
 
-    /// Stack size of the program thread, bytes.
-    static constexpr std::int64_t kProgramStack = 0x4000'0000;
-
   private:
     [[nodiscard]] std::int64_t MeasuredTitleBarHeight() const;
+    [[nodiscard]] std::string WhatBecameOfTheProgram() const;
+    void ShowMainWindow() const;
+    void AskWhetherToQuit();
 
-    std::function<void()> program_;
+    ProgramRun run_;
+    std::vector<std::string> searched_;  // for the resources, in vain
+    bool asking_ = false;
 };

@@ -89,22 +89,45 @@ bool FirstWindowIsOpen() {
     return first < toolkit::kGraphicWindows && t_Windows[first].Initialized;
 }
 
-// What is left when every other window is hidden: the ways back to them.
-void AddMainWindow(toolkit::Outlets& outlets) {
+FormRow Live(FormRow::Kind kind, std::function<std::string()> wording) {
+    FormRow row = Words(kind, "");
+    row.Wording = std::move(wording);
+    return row;
+}
+
+std::string FirstWindowWording() {
+    const std::uint8_t first = t_FirstWindow;
+    return toolkit::Joined("Grafikfenster ", first < toolkit::kGraphicWindows ? first : 0,
+                           " zeigen");
+}
+
+FormRow FirstWindowButton() {
+    FormRow row = Button(
+        "", [] { t_WindowFront(t_FirstWindow); }, FirstWindowIsOpen);
+    row.Wording = FirstWindowWording;
+    return row;
+}
+
+// What is left when every other window is hidden: the ways back to them, and what became of the
+// program.
+void AddMainWindow(AppDelegate& delegate) {
     const std::string name = ProgramName();
-    outlets.MainWindow = platform::Current().Windows->MakeFormWindow(
+    delegate.MainWindow = platform::Current().Windows->MakeFormWindow(
         "Hauptfenster",
         {
             Words(FormRow::Kind::Heading, name),
             Words(
                 FormRow::Kind::Label,
                 "Ein kleiner Heimcomputer in Fenstern. Hier kommen Sie zu allen Fenstern zurück."),
-            Button(
-                "Programmfenster zeigen", [] { t_WindowFront(t_FirstWindow); }, FirstWindowIsOpen),
+            Live(FormRow::Kind::Label, [&delegate] { return delegate.Notice(); }),
+            FirstWindowButton(),
             ShowButton("Zwischenablage zeigen", toolkit::kPasteboardWindow),
             ShowButton("Drucker zeigen", toolkit::kPrinterWindow),
             ShowButton("Systemkonsole zeigen", toolkit::kConsoleWindow),
-            ShowButton("Einstellungen …", toolkit::kPreferencesWindow),
+            ShowButton("Einstellungen zeigen", toolkit::kPreferencesWindow),
+            Button(
+                "Neu starten", [&delegate] { delegate.TheRun().Start(); },
+                [&delegate] { return delegate.TheRun().IsOver(); }),
             Button(name + " beenden", [] { platform::Current().App->Terminate(); }),
         });
 }

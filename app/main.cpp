@@ -11,8 +11,8 @@ int main(int argc, char** argv) {
         platform::desktop::Start(argc, argv);
         t_MenuHandler = RunFileCommand;
         RunProgram(DemoProgram);
-    } else {
-        PlayOnVirtualScreen(DemoProgram, platform::desktop::SavePicture);
+        platform::Application::Leave();
     }
-    platform::Application::Leave();
+    const bool played = PlayOnVirtualScreen(DemoProgram, platform::desktop::SavePicture);
+    platform::Application::Leave(played ? 0 : 1);
 }

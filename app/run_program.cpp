@@ -7,10 +7,10 @@
 #include "platform/platform.h"
 #include "toolkit/core/memory.h"
 
-void RunProgram(std::function<void()> program) {
+void RunProgram(std::function<void()> program, std::function<void()> programIsOver) {
     t_Memory.MakeAhead();
     // Never destroyed: other threads may be using it when the process ends.
-    auto& delegate = *new AppDelegate(std::move(program));
+    auto& delegate = *new AppDelegate(std::move(program), std::move(programIsOver));
     BuildInterface(delegate);
     platform::Current().App->Run(delegate);
 }

@@ -7,6 +7,7 @@
 
 #include "app/run_program.h"
 #include "platform/headless/headless.h"
+#include "platform/program_files.h"
 #include "toolkit/toolkit.h"
 
 namespace {
@@ -67,11 +68,14 @@ class Person {
         if (step_ == std::end(kSteps)) desktop_.Terminate();
     }
 
+    [[nodiscard]] bool SavedAll() const { return saved_ == std::ssize(kSteps); }
+
   private:
     void LookAndPress(const Step& step) {
         if (const std::optional<Picture> picture = t_WindowSnapshot(0)) {
             const std::string path = toolkit::Joined(kFolder, "/", step.Name, ".png");
             const bool saved = save_(WithBorder(*picture, t_Windows[0]), path);
+            if (saved) ++saved_;
             toolkit::PrintLine(saved ? "Bild: " : "Bild konnte nicht geschrieben werden: ", path);
         }
         if (step.Characters.empty()) return;
@@ -82,13 +86,16 @@ class Person {
     PictureSaver save_;
     const Step* step_ = std::begin(kSteps);
     int sleeps_ = 0;
+    std::ptrdiff_t saved_ = 0;
 };
 
 }  // namespace
 
-void PlayOnVirtualScreen(std::function<void()> program, PictureSaver save) {
+bool PlayOnVirtualScreen(std::function<void()> program, PictureSaver save) {
     auto& desktop = *new Headless;  // the program thread may still use it when the process ends
-    desktop.ResourceFolder = Headless::ExecutableFolder() + "/resources";
+    const platform::ResourceFolder resources = platform::FindResourceFolder();
+    desktop.ResourceFolder = resources.Path;
+    desktop.ResourcesSearched = resources.Searched;
     desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
     desktop.KeepOutput = desktop.KeepPlayed = false;
     desktop.EchoOutput = true;
@@ -99,5 +106,6 @@ void PlayOnVirtualScreen(std::function<void()> program, PictureSaver save) {
     std::filesystem::create_directories(kFolder, error);
     auto& person = *new Person(desktop, std::move(save));
     desktop.OnSleep = [&person] { person.Act(); };
-    RunProgram(std::move(program));
+    RunProgram(std::move(program), [&desktop] { desktop.Terminate(); });
+    return person.SavedAll();
 }

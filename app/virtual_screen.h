@@ -13,5 +13,5 @@ using PictureSaver = std::function<bool(const platform::Picture& picture, const 
 /// Shows the game `program` where there is no screen: plays it on a desktop in memory, with a
 /// person who starts it, watches, ends it and answers, and saves pictures of every stage in the
 /// folder "korvandi-bilder" of the current folder. Prints what it does, in German. Instead of
-/// RunProgram.
-void PlayOnVirtualScreen(std::function<void()> program, PictureSaver save);
+/// RunProgram. False when the program could not be started or a picture not be written.
+[[nodiscard]] bool PlayOnVirtualScreen(std::function<void()> program, PictureSaver save);

@@ -1,10 +1,11 @@
 #include "bench/screen.h"
 
 #include "app/interface.h"
+#include "platform/program_files.h"
 #include "toolkit/toolkit.h"
 
 Screen::Screen() : delegate_(nullptr) {
-    Desktop.ResourceFolder = Desktop.ExecutableFolder() + "/resources";
+    Desktop.ResourceFolder = platform::FindResourceFolder().Path;
     Desktop.KeepOutput = false;
     Desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
     Desktop.KeepPlayed = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 namespace platform {
@@ -30,6 +31,8 @@ class ApplicationClient {
     virtual void titleBarHeightDidChange(std::int64_t height) = 0;
     /// The last visible window was hidden and none was shown since.
     virtual void lastWindowDidHide() = 0;
+    /// Called once, a short while after the launch, when a program has shown its first window.
+    virtual void applicationDidSettle() = 0;
 };
 
 /// The running application.
@@ -39,19 +42,28 @@ class Application {
 
     /// Launches (applicationWillFinishLaunching, applicationDidFinishLaunching), then serves events
     /// and the main queue until Terminate. Then the main queue is closed, the client's
-    /// applicationWillTerminate runs, and Run returns. Main thread.
+    /// applicationWillTerminate runs, and Run returns or leaves the process. Main thread.
     virtual void Run(ApplicationClient& client) = 0;
 
-    /// Asks the application to end and returns at once. Any thread; further calls do nothing.
+    /// Asks the application to end and returns at once. Half a second later the process is gone,
+    /// whatever its threads are doing. Any thread; further calls do nothing.
     virtual void Terminate() = 0;
+
+    /// Ends the application now: closes the main queue, has applicationWillTerminate run and leaves
+    /// the process. Main thread.
+    [[noreturn]] virtual void TerminateNow() = 0;
+
+    /// Serves events and the main queue for so long, at least once: what a wait on the main thread
+    /// does instead of sleeping. Main thread.
+    virtual void Serve(std::chrono::nanoseconds duration) = 0;
 
     /// The window that the person works in; nullptr when the application is not in front or none
     /// of its windows is. Main thread.
     [[nodiscard]] virtual Window* MainWindow() = 0;
 
-    /// Ends the process with status 0 as it is: nothing is destroyed, other threads may be
-    /// anywhere. Everything written to the output was written before. Main thread.
-    [[noreturn]] static void Leave();
+    /// Ends the process as it is: nothing is destroyed, other threads may be anywhere. Everything
+    /// written to the output was written before. Any thread.
+    [[noreturn]] static void Leave(int status = 0);
 };
 
 }  // namespace platform

@@ -22,11 +22,11 @@ const Platform& Current() {
     return installed;
 }
 
-void Application::Leave() {
+void Application::Leave(int status) {
 #ifdef KORVANDI_COVERAGE
     __gcov_dump();  // otherwise done by what _exit leaves out
 #endif
-    _exit(0);
+    _exit(status);
 }
 
 }  // namespace platform

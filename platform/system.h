@@ -52,6 +52,8 @@ class Resources {
     [[nodiscard]] virtual std::string BundlePath() = 0;
     /// Path of the folder that holds the program's resource files, without a slash at the end.
     [[nodiscard]] virtual std::string Directory() = 0;
+    /// The folders in which that one was looked for in vain; none when it is there.
+    [[nodiscard]] virtual std::vector<std::string> SearchedInVain() = 0;
     /// The whole regular file at `path`.
     [[nodiscard]] virtual FileContent ReadFile(const std::string& path) = 0;
 };

@@ -3,6 +3,7 @@
 #include <pthread.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
@@ -75,6 +76,11 @@ auto& BackgroundStarter() {
     return *start;
 }
 
+std::size_t SmallestStack() {
+    const long smallest = sysconf(_SC_THREAD_STACK_MIN);
+    return smallest > 0 ? static_cast<std::size_t>(smallest) : 0;
+}
+
 void* Run(void* argument) {
     const std::unique_ptr<Start> start(static_cast<Start*>(argument));
     const Leaving leaving;
@@ -89,7 +95,9 @@ std::string StartThread(std::function<void()> body, std::size_t stackSize) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
-    int error = stackSize == 0 ? 0 : pthread_attr_setstacksize(&attributes, stackSize);
+    int error = stackSize == 0
+                    ? 0
+                    : pthread_attr_setstacksize(&attributes, std::max(stackSize, SmallestStack()));
     if (error == 0) {
         auto start = std::make_unique<Start>(Start{std::move(body), ++lastNumber});
         ++running;

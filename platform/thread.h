@@ -12,8 +12,8 @@
 namespace platform {
 
 /// Runs `body` on a new thread and returns; nobody waits for its end. `stackSize` is in bytes, 0
-/// for the system's own choice; the stack takes memory only where it is touched. Returns an empty
-/// text, or why no thread could be made.
+/// for the system's own choice, and raised to the system's minimum; the stack takes memory only
+/// where it is touched. Returns an empty text, or why no thread could be made.
 [[nodiscard]] std::string StartThread(std::function<void()> body, std::size_t stackSize);
 
 /// Has background tasks started by `start` instead of by a thread each; an empty function restores

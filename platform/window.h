@@ -103,7 +103,10 @@ struct FormRow {
     std::vector<std::string> Options;
     std::int64_t Value = 0;                     // CheckBox: 0 or 1; Choice: index from 0
     std::function<void(std::int64_t)> Changed;  // called on the main thread
-    std::function<bool()> Enabled;              // asked whenever the window is shown; none: always
+    // Both are asked when the window is shown, and every now and then while it is to be seen.
+    std::function<bool()> Enabled;  // none: always
+    std::function<std::string()>
+        Wording;  // instead of Title, of a Label or a Button; empty: no row
 };
 
 /// The parts of a window that shows a drawn picture.

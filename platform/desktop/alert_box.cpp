@@ -10,7 +10,7 @@ namespace platform::desktop {
 
 std::int64_t RunAlertBox(const Alert& alert) {
     QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(QCoreApplication::applicationName());
+    box.setWindowTitle(QStringLiteral("Hinweis"));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(alert.Message));
     box.setInformativeText(ToQt(alert.Details));

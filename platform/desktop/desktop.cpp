@@ -1,6 +1,7 @@
 #include "platform/desktop/desktop.h"
 
 #include <QtCore/QLocale>
+#include <QtGui/QAccessible>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QApplication>
 #include <csignal>
@@ -15,6 +16,8 @@
 #include "platform/desktop/machine.h"
 #include "platform/desktop/main_clock.h"
 #include "platform/desktop/sounds.h"
+#include "platform/desktop/standard_output.h"
+#include "platform/desktop/surroundings.h"
 #include "platform/desktop/text.h"
 #include "platform/desktop/window_maker.h"
 #include "platform/platform.h"
@@ -62,11 +65,16 @@ void SetUpEventLoop(std::string_view applicationName) {
 
 void Start(int argc, char** argv, std::string_view applicationName) {
     OpenStandardDescriptors();
+    RequireDescriptorsAndThreads();
+    SessionBus bus;
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     auto* const application = new DesktopApplication;
+    static_cast<void>(ReachablePlatform());  // takes the time that the bus has for its answer
+    bus.LeaveOutUnlessAlive();
     MakeEventLoop(argc, argv);
+    if (ThreadsAreScarce()) static_cast<void>(QAccessible::isActive());
     SetUpEventLoop(applicationName);
     TheDesk().Pump.Open();
 

@@ -1,32 +1,74 @@
 #include "platform/desktop/desktop_application.h"
 
-#include <sys/eventfd.h>
-#include <unistd.h>
+#include <QtGui/qguiapplication_platform.h>
+#include <xcb/xcb.h>
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QSocketNotifier>
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <cstdint>
 #include <cstdlib>
+#include <ctime>
 
 #include "platform/desktop/desk.h"
 #include "platform/desktop/host_window.h"
+#include "platform/desktop/wake_event.h"
 #include "platform/main_queue.h"
+#include "platform/thread.h"
 
 namespace platform::desktop {
 
 namespace {
 
-// The main thread ends the application when this becomes readable.
-int endAsked = -1;
+// The time for an orderly end. After it the process is left as it is.
+constexpr long kPatienceMs = 350;
 
-// Any thread, also inside a signal handler.
+// How long a program may take to show its first window.
+constexpr int kSettledMs = 3000;
+
+// The main thread ends the application when this becomes readable.
+const WakeEvent* endAsked = nullptr;
+timer_t patience{};
+bool hasPatience = false;
+std::atomic<int> exitStatus = 0;
+
+void LeaveAtOnce(int /*signal*/) {
+    Application::Leave(exitStatus);
+}
+
+void CatchWith(void (*handler)(int), int signal) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+// A timer of the process: its signal comes through on whatever thread still takes one.
+void MakePatience() {
+    const int signal = SIGRTMAX;
+    CatchWith(LeaveAtOnce, signal);
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = signal;
+    hasPatience = timer_create(CLOCK_MONOTONIC, &event, &patience) == 0;
+}
+
+// Any thread, also inside a signal handler. The first call counts for the patience.
 void AskForEnd() {
+    static std::atomic_flag asked;
     const int error = errno;
-    const std::uint64_t one = 1;
-    while (write(endAsked, &one, sizeof one) < 0 && errno == EINTR) continue;
+    if (hasPatience && !asked.test_and_set()) {
+        itimerspec time{};
+        time.it_value.tv_nsec = kPatienceMs * 1'000'000;
+        timer_settime(patience, 0, &time, nullptr);
+    }
     errno = error;
+    endAsked->Set();
 }
 
 void OnSignal(int /*signal*/) {
@@ -37,12 +79,7 @@ void OnSignal(int /*signal*/) {
 void Catch(int signal) {
     struct sigaction now {};
     sigaction(signal, nullptr, &now);
-    if (now.sa_handler == SIG_IGN) return;
-    struct sigaction action {};
-    action.sa_handler = OnSignal;
-    action.sa_flags = SA_RESTART;
-    sigemptyset(&action.sa_mask);
-    sigaction(signal, &action, nullptr);
+    if (now.sa_handler != SIG_IGN) CatchWith(OnSignal, signal);
 }
 
 [[noreturn]] void End() {
@@ -52,11 +89,23 @@ void Catch(int signal) {
         TheMainQueue().Close();
         desk.Client->applicationWillTerminate();
     }
-    Application::Leave();
+    Application::Leave(exitStatus);
 }
 
-// The window library leaves the process by itself when the display goes away.
-void EndAtExit() {
+bool DisplayIsLost() {
+    const auto* const x = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x == nullptr || xcb_connection_has_error(x->connection()) != 0;
+}
+
+// Somebody called exit: the program, or the window library because the display went away, which is
+// an end like any other.
+void EndAtExit(int status, void* /*unused*/) {
+    if (!OnMain()) {
+        exitStatus = status;
+        AskForEnd();
+        Park();
+    }
+    if (!DisplayIsLost()) exitStatus = status;
     End();
 }
 
@@ -72,25 +121,39 @@ void TellActivity(Qt::ApplicationState state) {
 }  // namespace
 
 DesktopApplication::DesktopApplication() {
-    endAsked = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    endAsked = new WakeEvent;  // for signal handlers, never destroyed
+    MakePatience();
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) Catch(signal);
 }
 
 void DesktopApplication::Run(ApplicationClient& client) {
     TheDesk().Client = &client;
-    std::atexit(EndAtExit);
+    on_exit(EndAtExit, nullptr);
     TheDesk().Above.Measure();
     client.applicationWillFinishLaunching();
     client.applicationDidFinishLaunching();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, TellActivity);
-    const QSocketNotifier notifier(endAsked, QSocketNotifier::Read);
+    const QSocketNotifier notifier(endAsked->Descriptor(), QSocketNotifier::Read);
     QObject::connect(&notifier, &QSocketNotifier::activated, [] { End(); });
+    QTimer::singleShot(kSettledMs, qGuiApp, [&client] { client.applicationDidSettle(); });
     QApplication::exec();
     End();
 }
 
 void DesktopApplication::Terminate() {
     AskForEnd();
+}
+
+void DesktopApplication::TerminateNow() {
+    AskForEnd();
+    End();
+}
+
+void DesktopApplication::Serve(std::chrono::nanoseconds duration) {
+    QEventLoop loop;
+    const auto whole = std::chrono::ceil<std::chrono::milliseconds>(duration);
+    QTimer::singleShot(std::max(whole, std::chrono::milliseconds(0)), &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 Window* DesktopApplication::MainWindow() {

@@ -6,7 +6,7 @@ namespace platform::desktop {
 
 /// The application's life: launch, event loop, end. The end comes from the program, a signal, the
 /// desktop's session or a lost display; the process is left then and there, also from inside an
-/// open panel.
+/// open panel, and where the main thread does not get to it, all the same.
 class DesktopApplication : public Application {
   public:
     /// Catches the signals that ask a program to end. Before other threads run.
@@ -14,6 +14,8 @@ class DesktopApplication : public Application {
 
     void Run(ApplicationClient& client) override;
     void Terminate() override;
+    [[noreturn]] void TerminateNow() override;
+    void Serve(std::chrono::nanoseconds duration) override;
     [[nodiscard]] Window* MainWindow() override;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/desktop/form_window.h"
 
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
@@ -20,6 +21,8 @@ constexpr int kMargin = 24;
 constexpr int kSpacing = 10;
 constexpr int kSpaceAboveHeading = 8;
 constexpr int kNarrowest = 420;
+
+constexpr int kRefreshMs = 500;
 constexpr double kHeadingScale = 1.35;
 
 QWidget* MakeHeading(const FormRow& row) {
@@ -72,6 +75,21 @@ QWidget* MakeChoice(const FormRow& row) {
     return line;
 }
 
+// Gives a label or a button other words; false when it has them already.
+bool Reword(QWidget& control, const std::string& words) {
+    auto* const label = qobject_cast<QLabel*>(&control);
+    auto* const button = qobject_cast<QAbstractButton*>(&control);
+    const QString text = button != nullptr ? ToLabel(words) : ToQt(words);
+    if ((label != nullptr && label->text() == text && label->isHidden() == text.isEmpty()) ||
+        (button != nullptr && button->text() == text)) {
+        return false;
+    }
+    if (label != nullptr) label->setText(text);
+    if (button != nullptr) button->setText(text);
+    control.setVisible(!text.isEmpty());
+    return true;
+}
+
 QWidget* MakeControl(const FormRow& row) {
     using enum FormRow::Kind;
     switch (row.What) {
@@ -92,12 +110,18 @@ QWidget* MakeControl(const FormRow& row) {
 }  // namespace
 
 FormWindow::FormWindow(QString title, std::vector<FormRow> rows)
-    : HostWindow(std::move(title), {}, Sizing::Fixed), rows_(std::move(rows)) {}
+    : HostWindow(std::move(title), {}, Sizing::Fixed), rows_(std::move(rows)) {
+    refresh_.setInterval(kRefreshMs);
+    QObject::connect(&refresh_, &QTimer::timeout,
+                     [this] { IsVisible() ? Refresh() : refresh_.stop(); });
+}
 
 QSize FormWindow::FirstSize() {
     MakeForm();
     const int width = std::max(form_->sizeHint().width(), kNarrowest);
-    return {width, std::max(form_->layout()->heightForWidth(width), form_->sizeHint().height())};
+    const QLayout& column = *form_->layout();
+    return {width,
+            column.hasHeightForWidth() ? column.heightForWidth(width) : form_->sizeHint().height()};
 }
 
 void FormWindow::Fill(QWidget& content) {
@@ -111,9 +135,29 @@ void FormWindow::ContentDidResize(QSize /*before*/) {
 }
 
 void FormWindow::WillShow() {
-    for (const Condition& condition : conditions_) {
-        condition.Control->setEnabled(condition.Enabled());
+    Refresh();
+    if (!live_.empty()) refresh_.start();
+}
+
+void FormWindow::Refresh() {
+    bool reworded = false;
+    for (const LiveRow& live : live_) {
+        if (live.Row->Enabled) live.Control->setEnabled(live.Row->Enabled());
+        if (live.Row->Wording && Reword(*live.Control, live.Row->Wording())) reworded = true;
     }
+    if (reworded) FitContent();
+}
+
+// The upper left corner stays.
+void FormWindow::FitContent() {
+    const QSize size = FirstSize();
+    if (size == ContentSize()) return;
+    Rect frame = Frame();
+    const double more = size.height() - ContentSize().height();
+    frame.Y -= more;
+    frame.Height += more;
+    frame.Width += size.width() - ContentSize().width();
+    SetFrame(frame);
 }
 
 void FormWindow::MakeForm() {
@@ -132,7 +176,8 @@ void FormWindow::Add(QVBoxLayout& column, const FormRow& row) {
     }
     QWidget* const control = MakeControl(row);
     column.addWidget(control);
-    if (row.Enabled) conditions_.push_back({control, row.Enabled});
+    if (row.Enabled || row.Wording) live_.push_back({&row, control});
+    if (row.Wording) Reword(*control, row.Wording());
 }
 
 }  // namespace platform::desktop

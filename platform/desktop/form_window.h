@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <QtCore/QTimer>
 #include <vector>
 
 #include "platform/desktop/host_window.h"
@@ -9,15 +9,15 @@ class QVBoxLayout;
 
 namespace platform::desktop {
 
-/// A window with a column of labels and controls, as large as they need. Main thread.
+/// A window with a column of labels and controls, as large as they need now. Main thread.
 class FormWindow : public HostWindow {
   public:
     FormWindow(QString title, std::vector<FormRow> rows);
 
   private:
-    struct Condition {
+    struct LiveRow {
+        const FormRow* Row = nullptr;
         QWidget* Control = nullptr;
-        std::function<bool()> Enabled;
     };
 
     [[nodiscard]] QSize FirstSize() override;
@@ -25,11 +25,14 @@ class FormWindow : public HostWindow {
     void ContentDidResize(QSize before) override;
     void WillShow() override;
 
+    void Refresh();
+    void FitContent();
     void MakeForm();
     void Add(QVBoxLayout& column, const FormRow& row);
 
     std::vector<FormRow> rows_;
-    std::vector<Condition> conditions_;
+    std::vector<LiveRow> live_;
+    QTimer refresh_;           // runs while the window is visible
     QWidget* form_ = nullptr;  // made when its size is asked for
 };
 

@@ -1,17 +1,10 @@
 #include "platform/desktop/machine.h"
 
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/random.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <bit>
 #include <cerrno>
-#include <climits>
 #include <ctime>
-#include <filesystem>
-#include <system_error>
 
 namespace platform::desktop {
 
@@ -57,20 +50,6 @@ class Generator {
     std::uint64_t state_[4] = {};
 };
 
-std::filesystem::path ProgramFolder() {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::filesystem::path(".") : program.parent_path();
-}
-
-// The build tree keeps the resources beside the program, an installation in the shared data.
-std::string ResourceFolder(const std::filesystem::path& programFolder) {
-    std::error_code error;
-    std::filesystem::path beside = programFolder / "resources";
-    if (std::filesystem::is_directory(beside, error)) return beside;
-    return (programFolder / ".." / "share" / "korvandi").lexically_normal();
-}
-
 }  // namespace
 
 MachineClock::MachineClock()
@@ -96,44 +75,12 @@ std::uint32_t MachineRandomness::Next() {
     return static_cast<std::uint32_t>(generator.Next() >> 32U);
 }
 
-bool StandardOutput::WaitForRoom() {
-    constexpr int kPatienceMs = 200;
-    pollfd output{STDOUT_FILENO, POLLOUT, 0};
-    int ready = 0;
-    do {
-        ready = poll(&output, 1, stalled_ ? 0 : kPatienceMs);
-    } while (ready < 0 && errno == EINTR);
-    stalled_ = ready == 0;
-    return ready > 0;
-}
-
-void StandardOutput::Write(std::string_view text) {
-    const std::lock_guard lock(mutex_);
-    while (!text.empty() && WaitForRoom()) {
-        // A pipe that is ready takes this much without making the writer wait, and in one piece.
-        const ssize_t written =
-            write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
-        if (written >= 0) text.remove_prefix(static_cast<std::size_t>(written));
-        if (written < 0 && errno != EINTR && errno != EAGAIN) return;
-    }
-}
-
-ProgramFolders::ProgramFolders(std::string_view applicationName) {
-    const std::filesystem::path folder = ProgramFolder();
-    bundle_ = (folder / (std::string(applicationName) + ".app")).string();
-    directory_ = ResourceFolder(folder);
-}
+ProgramFolders::ProgramFolders(std::string_view applicationName)
+    : bundle_(ProgramFolder() + "/" + std::string(applicationName) + ".app"),
+      resources_(FindResourceFolder()) {}
 
 FileContent ProgramFolders::ReadFile(const std::string& path) {
     return ReadFileFromDisk(path);
-}
-
-void OpenStandardDescriptors() {
-    int descriptor = 0;
-    do {
-        descriptor = open("/dev/null", O_RDWR);
-    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-    if (descriptor > STDERR_FILENO) close(descriptor);
 }
 
 }  // namespace platform::desktop

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <memory>
 
+#include "platform/desktop/wake_event.h"
+
 namespace platform::desktop {
 
 /// Serves the main queue from the event loop: one piece of work each time around the loop, so that
@@ -22,7 +24,7 @@ class QueuePump {
     void Wake();
     void Serve();
 
-    int descriptor_ = -1;  // readable while there is work to take
+    WakeEvent work_;  // set while there is work to take
     std::atomic<bool> woken_ = false;
     std::unique_ptr<QSocketNotifier> notifier_;
 };

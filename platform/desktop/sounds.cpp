@@ -5,11 +5,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "platform/desktop/sound_device.h"
 #include "platform/main_queue.h"
+#include "platform/platform.h"
 
 namespace platform::desktop {
 
@@ -85,12 +85,23 @@ void DesktopSounds::Wake() {
     woken_ = true;
     asked_.notify_one();
     // The first sound begins the thread; that takes longer than a caller may be held up.
-    if (std::exchange(serving_, true)) return;
-    PostToMain([this] { std::thread([this] { Serve(); }).detach(); });
+    if (!std::exchange(serving_, true)) PostToMain([this] { BeginServing(); });
+}
+
+// Without a thread there is one line, and the next sound tries again.
+void DesktopSounds::BeginServing() {
+    const std::string fault = StartThread([this] { Serve(); }, 0);
+    if (fault.empty()) return;
+    if (!std::exchange(faultIsTold_, true)) {
+        Current().Out->Write("DesktopSounds: Thread could not be started: " + fault + "\n");
+    }
+    const std::lock_guard lock(mutex_);
+    serving_ = false;
 }
 
 // The sound thread. It ends with the process.
 void DesktopSounds::Serve() {
+    NameThread("Sounds");
     SoundDevice device;
     while (true) {
         {

@@ -52,6 +52,7 @@ class DesktopSounds : public Sounds {
     void Wake();
 
   private:
+    void BeginServing();
     void Serve();
     void ServeBeeps();
     [[nodiscard]] std::vector<DesktopSound*> TakeRequests();
@@ -61,6 +62,7 @@ class DesktopSounds : public Sounds {
     std::condition_variable asked_;
     std::map<std::string, std::unique_ptr<DesktopSound>> sounds_;  // nullptr: no such file
     bool serving_ = false;                                         // the sound thread runs
+    bool faultIsTold_ = false;                                     // main thread
     bool woken_ = false;                                           // there may be requests
     std::atomic<int> beepsDue_ = 0;                                // asked for and not over
 };

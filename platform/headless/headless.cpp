@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <thread>
 #include <utility>
 
@@ -129,6 +128,18 @@ void Headless::Run(ApplicationClient& client) {
 void Headless::Terminate() {
     terminated_ = true;
     PostToMain([] {});
+}
+
+void Headless::TerminateNow() {
+    TheMainQueue().Close();
+    if (Client != nullptr) Client->applicationWillTerminate();
+    Leave();
+}
+
+void Headless::Serve(std::chrono::nanoseconds duration) {
+    Sleep(duration);
+    while (TheMainQueue().RunNext()) {
+    }
 }
 
 HeadlessWindow& Headless::AddWindow(double contentWidth, double contentHeight) {
@@ -267,10 +278,6 @@ void Headless::Write(std::string_view text) {
     if (!EchoOutput) return;
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
-}
-
-std::string Headless::ExecutableFolder() {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
 }
 
 FileContent Headless::ReadFile(const std::string& path) {

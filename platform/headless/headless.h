@@ -135,9 +135,8 @@ class Headless final : public Application,
     Rect Screen{0, 0, 1920, 1080};
     double AboveContent = 28;  // height of the title bar with the menus
     std::string Bundle = "/Applications/Korvandi.app";
-    std::string ResourceFolder;  // for files that Files does not name
-    /// The folder of the running program, where the build puts the resources too.
-    [[nodiscard]] static std::string ExecutableFolder();
+    std::string ResourceFolder;                              // for files that Files does not name
+    std::vector<std::string> ResourcesSearched;              // in vain
     std::map<std::string, std::vector<std::uint8_t>> Files;  // resource files by name
     std::map<std::string, bool> SoundFiles;                  // by name; true: found
     std::function<std::uint32_t()> NextRandom;               // none: a fixed sequence
@@ -186,6 +185,8 @@ class Headless final : public Application,
     // platform::Application
     void Run(ApplicationClient& client) override;
     void Terminate() override;
+    [[noreturn]] void TerminateNow() override;
+    void Serve(std::chrono::nanoseconds duration) override;
     [[nodiscard]] Window* MainWindow() override { return active_; }
     ApplicationClient* Client = nullptr;
 
@@ -219,6 +220,7 @@ class Headless final : public Application,
     // platform::Resources
     [[nodiscard]] std::string BundlePath() override { return Bundle; }
     [[nodiscard]] std::string Directory() override { return ResourceFolder; }
+    [[nodiscard]] std::vector<std::string> SearchedInVain() override { return ResourcesSearched; }
     [[nodiscard]] FileContent ReadFile(const std::string& path) override;
 
   private:

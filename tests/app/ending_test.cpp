@@ -112,6 +112,10 @@ TEST_F(Ending, DoesNotWaitForTheProgramThread) {
         QuitIn(2);
         AskMainForEver();
     });
+    ExpectEnds("quits on the main thread", [] {
+        platform::PostToMain([] { t_QuitProgram(0); });
+        AskMainForEver();
+    });
     ExpectEnds("hears it twice", [this] {
         platform::PostToMain([this] {
             desktop.Terminate();

@@ -87,15 +87,20 @@ TEST_F(Interface, FormWindowsReachWindowsAndPreferences) {
     const std::map<std::string, std::uint8_t> buttons = {{"Zwischenablage zeigen", 8},
                                                          {"Drucker zeigen", 9},
                                                          {"Systemkonsole zeigen", 10},
-                                                         {"Einstellungen …", 11},
-                                                         {"Programmfenster zeigen", 0}};
+                                                         {"Einstellungen zeigen", 11}};
     for (const auto& [title, window] : buttons) {
         Change(12, title, 0);
         EXPECT_EQ(t_FrontWindow(), window) << title;
     }
-    EXPECT_TRUE(RowOf(12, "Programmfenster zeigen").Enabled());
+    platform::FormRow& first = *std::ranges::find_if(
+        Host(12).Rows,
+        [](const platform::FormRow& row) { return row.Wording && row.Changed != nullptr; });
+    EXPECT_EQ(first.Wording(), "Grafikfenster 0 zeigen");
+    EXPECT_TRUE(first.Enabled());
+    first.Changed(0);
+    EXPECT_EQ(t_FrontWindow(), 0);
     t_FirstWindow = toolkit::kNoWindow;
-    EXPECT_FALSE(RowOf(12, "Programmfenster zeigen").Enabled());
+    EXPECT_FALSE(first.Enabled());
 
     Open(3, 8, 5, 4);
     Change(11, "Bilder je Sekunde", 3);

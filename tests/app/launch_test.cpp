@@ -1,5 +1,8 @@
+#include <atomic>
 #include <limits>
+#include <thread>
 
+#include "app/interface.h"
 #include "app/run_program.h"
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
@@ -133,4 +136,124 @@ TEST_F(Launch, TheMainWindowAppearsWhenTheLastOneIsHidden) {
         EXPECT_EQ(Host(12).IsVisible(), isLast);
         EXPECT_EQ(t_FrontWindow(), isLast ? 12 : 8);
     }
+}
+
+TEST_F(Launch, TheMainWindowTellsWhatBecameOfAProgramWithoutWindows) {
+    struct Row {
+        std::function<void()> Program;
+        const char* Notice;
+    };
+    const Row rows[] = {
+        {[] {}, "Das Programm ist zu Ende, ohne ein Fenster geöffnet zu haben. "},
+        {[] { t_InitWindow(0, 24, 80, 25, 16, "missing.font"); },
+         "Das Programm ist zu Ende, ohne "},
+        {[] { t_QuitProgram(255); }, "Das Programm ist zu Ende, ohne "},
+        {[this] {
+             t_InitWindow(0, 24, true, 160, 32, 0, 0, TestFont(), true);
+             t_WindowFront(0);
+             platform::RunOnMain([this] { EXPECT_EQ(delegate.Notice(), ""); });
+             t_WindowVisible(0, false);
+         },
+         "Das Programm ist zu Ende. "},
+    };
+    for (const Row& row : rows) {
+        AppDelegate own(row.Program);
+        BuildInterface(own);
+        EXPECT_EQ(own.Notice(), "");
+        own.TheRun().Start();
+        EXPECT_TRUE(own.Notice().starts_with("Das Programm läuft, hat aber noch kein Fenster "));
+        EXPECT_TRUE(desktop.ServeUntil([&] { return own.MainWindow->IsVisible(); }));
+        EXPECT_TRUE(own.TheRun().IsOver());
+        EXPECT_TRUE(own.Notice().starts_with(row.Notice)) << own.Notice();
+        EXPECT_TRUE(own.Notice().ends_with("Einzelheiten stehen in der Systemkonsole."));
+        ServeThreads();
+    }
+}
+
+TEST_F(Launch, AProgramRunsAgainOnceItIsOver) {
+    std::atomic<int> runs = 0;
+    std::atomic<bool> goOn = false;
+    AppDelegate own([&] {
+        ++runs;
+        while (!goOn) std::this_thread::yield();
+    });
+    for (int run = 1; run <= 2; ++run) {
+        own.TheRun().Start();
+        own.TheRun().Start();  // nothing while it is running
+        goOn = true;
+        EXPECT_TRUE(desktop.ServeUntil([&] { return own.TheRun().IsOver(); }));
+        goOn = false;
+        EXPECT_EQ(runs, run);
+    }
+    ServeThreads();
+}
+
+TEST_F(Launch, NamesTheFoldersThatHoldNoResources) {
+    desktop.ResourcesSearched = {"/here", "/there"};
+    AppDelegate own([this] { desktop.Terminate(); });
+    desktop.Run(own);
+    EXPECT_NE(desktop.Printed().find(
+                  "applicationDidFinishLaunching: Resources not found in /here, /there.\n"),
+              std::string::npos);
+    EXPECT_TRUE(own.Notice().starts_with(
+        "Die Schriften und Töne wurden nicht gefunden. Gesucht wurde in /here, /there. "));
+    ServeThreads();
+}
+
+TEST_F(Launch, TheLastCloseBoxAsksWhetherToQuit) {
+    desktop.Client = &delegate;
+    const auto close = [this](std::uint8_t window) {
+        desktop.AlertsRun.clear();
+        Host(window).ClickCloseBox();
+        bool served = false;
+        platform::PostToMain([&served] { served = true; });
+        EXPECT_TRUE(desktop.ServeUntil([&served] { return served; }));
+        return desktop.AlertsRun.size();
+    };
+    t_WindowFront(9);
+    t_WindowFront(8);
+    EXPECT_EQ(close(8), 0U);
+    EXPECT_EQ(close(9), 1U);
+    EXPECT_FALSE(Host(9).IsVisible());
+    EXPECT_EQ(t_FrontWindow(), 12);
+    desktop.ClearPrinted();
+    EXPECT_EQ(close(12), 1U);
+    EXPECT_TRUE(Host(12).IsVisible());
+    EXPECT_EQ(desktop.Printed(), "");
+    EXPECT_EQ(desktop.AlertsRun.front().Message, "Möchten Sie Korvandi beenden?");
+    desktop.AlertAnswers = {0};
+    EXPECT_EQ(close(12), 1U);
+    desktop.Run(delegate);  // ends after the launch
+    ServeThreads();
+}
+
+// Both waits need the main thread, which waits itself.
+TEST_F(Launch, WaitsOnTheMainThreadServeIt) {
+    t_ProgramStartPending = true;
+    platform::PostToMain([] { t_ProgramStartPending = false; });
+    bool ran = false;
+    EXPECT_EQ(PrintedBy([&ran] { ran = true; }), "");
+    EXPECT_TRUE(ran);
+    t_MemoryStarted = true;
+    platform::PostToMain([] { t_ToolsReady = true; });
+    toolkit::WaitForTools();
+    platform::PostToMain([] { Type("x"); });
+    EXPECT_EQ(t_WaitKey(8), "x");
+    TypeCodes({19});
+    platform::PostToMain([] { Type("y"); });
+    EXPECT_TRUE(t_PrintPause(19, true));
+}
+
+TEST_F(Launch, ARefreshLoopThatCannotBeStartedIsStartedByTheNextWindow) {
+    int tries = 0;
+    platform::SetBackgroundStarter([&tries](const std::function<void()>&) -> std::string {
+        return ++tries == 1 ? "no more threads" : "";
+    });
+    const auto open = [] { t_InitWindow(0, 24, true, 64, 32, 0, 0, TestFont(), true); };
+    EXPECT_NE(Printed(open).find("t_RunInBackground: Thread could not be started: no more threads"),
+              std::string::npos);
+    EXPECT_FALSE(t_AutoUpdateRunning);
+    open();
+    EXPECT_EQ(tries, 2);
+    EXPECT_TRUE(t_AutoUpdateRunning);
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <atomic>
+#include <limits>
 
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
@@ -150,7 +151,8 @@ TEST_F(StartUp, StartsOneThreadAfterTheOther) {
 }
 
 TEST_F(StartUp, ReportsAThreadThatCannotBeMade) {
-    const std::string line = Printed([] { startprocess([] {}, 1); });
+    const std::string line =
+        Printed([] { startprocess([] {}, std::numeric_limits<std::int64_t>::max()); });
     EXPECT_TRUE(line.starts_with("startprocess: Thread could not be started: ")) << line;
     EXPECT_FALSE(t_ProgramStartPending);
 }

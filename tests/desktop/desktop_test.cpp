@@ -6,6 +6,7 @@
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "tests/desktop/desktop_fixture.h"
 
@@ -106,10 +107,23 @@ TEST_F(Desktop, CloseBoxHidesAndNobodyIsLeftWithoutAWindow) {
     const std::string window = OpenProbe();
     screen.Press("alt+F4");
     EXPECT_TRUE(probe->Line("t_MouseEventPostCloseBoxClick: Window = 0"));
-    EXPECT_FALSE(screen.WindowTitled("Hauptfenster").empty());
+    const std::string main = screen.WindowTitled("Hauptfenster");
+    EXPECT_FALSE(main.empty());
     EXPECT_EQ(screen.Do("search --onlyvisible --name '^Probe$'"), "");
+    for (int close = 0; close < 3; ++close) {  // each time the person does not want to quit
+        static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Hinweis")));
+        screen.Press("Escape");
+        EXPECT_TRUE(Eventually(
+            [&] { return screen.Do("search --onlyvisible --name '^Hinweis$'").empty(); }));
+        static_cast<void>(screen.Do("windowactivate --sync " + main));
+        EXPECT_EQ(screen.WindowTitled("Hauptfenster"), main);
+        screen.Press("alt+F4");
+    }
     EXPECT_EQ(Command("front 0"), "done front");
     EXPECT_EQ(screen.WindowTitled("Probe"), window) << "hidden, not closed";
+    static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Hinweis")));
+    screen.Press("Return");
+    EXPECT_EQ(probe->Ended(), 0);
 }
 
 TEST_F(Desktop, EndsWhateverTheProgramThreadDoes) {
@@ -138,6 +152,11 @@ TEST_F(Desktop, EndsWhateverTheProgramThreadDoes) {
     ASSERT_TRUE(probe->Line("t_QuitProgram: Quitting current thread with message in window #0."));
     screen.Press("ctrl+shift+q");
     EXPECT_EQ(probe->Ended(), 0) << "from the menu, after the program thread ended";
+    for (const auto& [line, status] : {std::pair("exit 7", 7), std::pair("quit-main", 0)}) {
+        OpenProbe();
+        probe->Say(line);
+        EXPECT_EQ(probe->Ended(), status) << line;
+    }
 }
 
 TEST_F(Desktop, PlaysTheGame) {

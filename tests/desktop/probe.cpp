@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -98,6 +99,15 @@ void Obey(std::istringstream line) {
     if (word == "open") OpenWindow();
     if (word == "keys") TellKeys();
     if (word == "quit") t_QuitProgram(0);
+    if (word == "quit-main") platform::RunOnMain([] { t_QuitProgram(0); });
+    if (word == "click") t_Click();
+    if (word == "exit") {
+        line >> a;
+        std::exit(static_cast<int>(a));
+    }
+    if (word == "flood") {
+        for (int i = 0; i < 3000; ++i) Answer("one of many lines that nobody reads");
+    }
     if (word == "frame") {
         std::string path;
         line >> path;

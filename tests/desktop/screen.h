@@ -51,6 +51,9 @@ class Screen {
 
     [[nodiscard]] const std::string& Display() const { return display_; }
 
+    /// Has the server do nothing for a while, or go on.
+    void Signal(int number) const { server_->Signal(number); }
+
     /// Runs xdotool with these words; its output.
     [[nodiscard]] std::string Do(const std::string& words) const;
     /// What the X server knows of a window.

@@ -26,6 +26,14 @@ void SleepMilliseconds(std::int64_t duration) {
     platform::Current().Time->Sleep(std::chrono::milliseconds(duration));
 }
 
+void WaitMilliseconds(std::int64_t duration) {
+    if (platform::OnMain()) {
+        platform::Current().App->Serve(std::chrono::milliseconds(duration));
+    } else {
+        SleepMilliseconds(duration);
+    }
+}
+
 void SleepSeconds(double duration) {
     if (!(duration > 0)) return;
     const std::int64_t whole = std::min(Truncated(duration), kLongestSleep);

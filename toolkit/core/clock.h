@@ -16,6 +16,10 @@ namespace toolkit {
 /// Blocks the calling thread.
 void SleepMilliseconds(std::int64_t duration);
 
+/// One step of waiting for something that another thread does: sleeps, or on the main thread serves
+/// events and the main queue for so long, because the other thread may need them.
+void WaitMilliseconds(std::int64_t duration);
+
 /// Blocks the calling thread for so many seconds, in whole nanoseconds; not at all for 0 or less.
 void SleepSeconds(double duration);
 

@@ -32,16 +32,20 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
 }  // namespace
 
 void startprocess(std::function<void()> entry, std::int64_t stackSize) {
+    static_cast<void>(toolkit::StartProcess(std::move(entry), stackSize));
+}
+
+std::string toolkit::StartProcess(std::function<void()> entry, std::int64_t stackSize) {
     // Makes the thread and is its body.
     class startprogramclass {
       public:
-        startprogramclass() {
-            const std::string fault =
-                platform::StartThread([] { startprogramthread(); },
-                                      static_cast<std::size_t>(std::int64_t(t_ProgramStackSize)));
-            if (fault.empty()) return;
+        startprogramclass()
+            : Fault(platform::StartThread(
+                  [] { startprogramthread(); },
+                  static_cast<std::size_t>(std::int64_t(t_ProgramStackSize)))) {
+            if (Fault.empty()) return;
             t_ProgramStartPending = false;
-            PrintNotStarted("startprocess", fault);
+            PrintNotStarted("startprocess", Fault);
         }
 
         static void startprogramthread() {
@@ -49,18 +53,25 @@ void startprocess(std::function<void()> entry, std::int64_t stackSize) {
             t_ProgramStartPending = false;
             if (program) program();
         }
+
+        std::string Fault;
     };
 
-    while (t_ProgramStartPending.Exchange(true)) toolkit::SleepMilliseconds(1);
+    while (t_ProgramStartPending.Exchange(true)) WaitMilliseconds(1);
     t_ProgramStackSize = stackSize < 0 ? 0 : stackSize;
     t_ProgramEntry = std::move(entry);
-    toolkit::SleepMilliseconds(10);
-    platform::RunOnMain([] { startprogramclass(); });
+    SleepMilliseconds(10);
+    return platform::AskMain([] { return startprogramclass().Fault; });
 }
 
 void t_RunInBackground(std::function<void()> entry) {
+    static_cast<void>(toolkit::RunInBackground(__func__, std::move(entry)));
+}
+
+bool toolkit::RunInBackground(std::string_view operation, std::function<void()> entry) {
     const std::string fault = platform::StartBackgroundTask(std::move(entry));
-    if (!fault.empty()) PrintNotStarted(__func__, fault);
+    if (!fault.empty()) PrintNotStarted(operation, fault);
+    return fault.empty();
 }
 
 std::int64_t t_ThreadNumber() {

@@ -38,5 +38,6 @@ void t_QuitProgram(std::uint8_t window) {
         }
         toolkit::PrintLine(line, ".");
     }
+    if (platform::OnMain()) platform::Current().App->TerminateNow();
     platform::EndThread();
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "toolkit/core/handler.h"
@@ -51,10 +52,17 @@ void t_InitMemory();
 /// stays open. Logs
 ///   "t_QuitProgram: Quitting current thread with message in window #<window>."
 ///   "t_QuitProgram: Quitting current thread."      no such window
-/// Objects on the thread's stack are destroyed on the way.
+/// Objects on the thread's stack are destroyed on the way. On the main thread, without which there
+/// is no application, it ends the application.
 [[noreturn]] void t_QuitProgram(std::uint8_t window);
 
 namespace toolkit {
+
+/// As startprocess; returns an empty text, or why no thread could be made.
+std::string StartProcess(std::function<void()> entry, std::int64_t stackSize);
+
+/// As t_RunInBackground, the line under the name `operation`; whether a worker could be made.
+bool RunInBackground(std::string_view operation, std::function<void()> entry);
 
 /// Makes sure that t_InitMemory was called and waits until the toolkit is ready.
 void WaitForTools();

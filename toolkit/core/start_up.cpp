@@ -113,5 +113,5 @@ void t_InitMemory() {
 
 void toolkit::WaitForTools() {
     t_InitMemory();
-    while (!t_ToolsReady) SleepMilliseconds(10);
+    while (!t_ToolsReady) WaitMilliseconds(10);
 }

@@ -71,5 +71,9 @@ void t_WindowUpdate(std::uint8_t window, bool deferred) {
 }
 
 void toolkit::StartAutoUpdate() {
-    if (!t_AutoUpdateRunning.Exchange(true)) t_RunInBackground(t_WindowAutoUpdateProcess);
+    if (t_AutoUpdateRunning.Exchange(true)) return;
+    // Without a worker the next window tries again.
+    if (!RunInBackground("t_RunInBackground", t_WindowAutoUpdateProcess)) {
+        t_AutoUpdateRunning = false;
+    }
 }

@@ -25,7 +25,8 @@ void t_WindowUpdate(std::uint8_t window, bool deferred);
 
 namespace toolkit {
 
-/// Starts the refresh loop on a background worker unless it runs.
+/// Starts the refresh loop on a background worker unless it runs. Where none can be had, the line
+/// of t_RunInBackground is printed and the next call tries again.
 void StartAutoUpdate();
 
 }  // namespace toolkit

@@ -323,7 +323,7 @@ std::string t_WaitKey(std::uint8_t window) {
     while (value < 0) {
         if (!t_EventPending) {
             t_CursorOn(window);
-            while (!t_EventPending) toolkit::SleepMilliseconds(10);
+            while (!t_EventPending) toolkit::WaitMilliseconds(10);
             t_CursorOff(window);
         }
         value = t_NextEvent();

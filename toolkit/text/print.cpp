@@ -132,7 +132,7 @@ bool t_PrintPause(std::int64_t key, bool wait) {
     }
     if (!wait) return true;
     while (!t_EventPending && t_MenuEventQueue.size() == choices) {
-        toolkit::SleepMilliseconds(10);
+        toolkit::WaitMilliseconds(10);
     }
     if (t_EventPending) t_NextEvent();
     return true;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// Where the files of the running program lie on the disk. Any thread.
+
+namespace platform {
+
+/// The folder of the running program's file, without a slash at the end.
+[[nodiscard]] std::string ProgramFolder();
+
+/// The folder that holds the program's resource files.
+struct ResourceFolder {
+    std::string Path;                   // where it is; where it would be first, if it is nowhere
+    std::vector<std::string> Searched;  // the folders that were looked for in vain; none if it is
+};
+
+/// Looks beside the program, as a build leaves the resources, then in the shared data of an
+/// installation.
+[[nodiscard]] ResourceFolder FindResourceFolder();
+
+}  // namespace platform
