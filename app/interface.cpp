@@ -190,7 +190,7 @@ void AddPreferencesWindow(toolkit::Outlets& outlets) {
 }  // namespace
 
 void BuildInterface(AppDelegate& delegate) {
-    BuildMenus();
+    BuildMenus(delegate);
     AddGraphicWindows(delegate);
     AddTextWindows(delegate);
     AddMainWindow(delegate);

@@ -20,8 +20,7 @@ inline constexpr std::uint64_t kFnFlag = 1U << 23U;  // also set for every funct
 /// The key code of a key that stands at no position of the key table.
 inline constexpr std::int64_t kNoKeyCode = 65535;
 
-/// The characters of keys without a printable character begin here: F1 is the first function key
-/// and the others follow it; the rest are at the offsets below from kFunctionKeyBase.
+/// The characters of keys without a printable character. F2 and the other function keys follow F1.
 inline constexpr char32_t kUpArrowCharacter = 0xF700;
 inline constexpr char32_t kDownArrowCharacter = 0xF701;
 inline constexpr char32_t kLeftArrowCharacter = 0xF702;

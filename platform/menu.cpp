@@ -5,6 +5,10 @@
 
 namespace platform {
 
+bool IsEnabled(const MenuItem& item) {
+    return item.Enabled && (!item.CanBeChosen || item.CanBeChosen(item));
+}
+
 Menu::Menu(std::string title, std::function<void()> changed)
     : title_(std::move(title)), changed_(std::move(changed)) {}
 
@@ -20,6 +24,8 @@ MenuItem* Menu::ItemAt(std::int64_t position) const {
 MenuItem& Menu::Add(MenuItem item) {
     items_.push_back(std::make_unique<MenuItem>(std::move(item)));
     items_.back()->Owner = this;
+    static std::int64_t lastNumber = 0;
+    items_.back()->Number = ++lastNumber;
     changed_();
     return *items_.back();
 }

@@ -13,16 +13,24 @@ namespace platform {
 
 class Menu;
 
-/// One item. The bits of KeyEquivalentModifierMask are those of platform/input.h.
+/// One item. Its fields may be changed at any time; what a person sees follows.
 struct MenuItem {
     platform::Menu* Owner = nullptr;  // the menu that holds the item; nullptr for an item in none
     std::string Title;                // UTF-8; empty for a separator
     bool Separator = false;
-    std::string KeyEquivalent;  // one lower-case character, or empty
-    std::uint64_t KeyEquivalentModifierMask = 0;
+    std::string KeyEquivalent;  // one lower-case or function-key character, or empty
+    std::uint64_t KeyEquivalentModifierMask = 0;  // bits of platform/input.h
     std::int64_t Tag = 0;
     std::function<void(MenuItem&)> Chosen;  // called on the main thread when the item is chosen
+    bool Marked = false;
+    bool Enabled = true;  // a disabled one is shown grey and cannot be chosen
+    /// Asked besides whenever the item is shown or about to be chosen; none: yes.
+    std::function<bool(const MenuItem&)> CanBeChosen = {};
+    std::int64_t Number = 0;  // no two items that were ever added have the same one; set by Menu
 };
+
+/// Whether the item can be chosen now.
+[[nodiscard]] bool IsEnabled(const MenuItem& item);
 
 /// A menu of the bar: a title and its items, counted from 0.
 class Menu {

@@ -11,7 +11,7 @@ constexpr int kHeight = 400;
 }  // namespace
 
 GraphicWindow::GraphicWindow(ViewClient& client)
-    : HostWindow({}, {kWidth, kHeight}, Sizing::Fixed),
+    : HostWindow({}, {kWidth, kHeight}, Sizing::Fixed, Keys::Program),
       view_(*this, client, {0, 0, kWidth, kHeight}) {
     SetBackgroundColor({255, 0, 0, 0});
     client.awakeFromNib();

@@ -1,14 +1,13 @@
 #include "platform/desktop/host_widget.h"
 
 #include <QtGui/QCloseEvent>
-#include <QtWidgets/QMenuBar>
 
 #include "platform/desktop/desk.h"
 
 namespace platform::desktop {
 
-HostWidget::HostWidget(HostWidgetOwner& owner)
-    : owner_(owner), menuBar_(TheDesk().Bar.MakeBar(*this)), content_(new QWidget(this)) {
+HostWidget::HostWidget(HostWidgetOwner& owner, Keys keys)
+    : owner_(owner), menuBar_(TheDesk().Bar.MakeBar(*this, keys)), content_(new QWidget(this)) {
     content_->setAutoFillBackground(true);
 }
 

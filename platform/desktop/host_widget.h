@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QWidget>
 
-class QMenuBar;
+#include "platform/desktop/menu_strip.h"
 
 namespace platform::desktop {
 
@@ -20,7 +20,7 @@ class HostWidgetOwner {
 /// The top-level widget of a window: menu bar above, content below.
 class HostWidget : public QWidget {
   public:
-    explicit HostWidget(HostWidgetOwner& owner);
+    HostWidget(HostWidgetOwner& owner, Keys keys);
 
     [[nodiscard]] QWidget& Content() { return *content_; }
 
@@ -39,7 +39,7 @@ class HostWidget : public QWidget {
 
   private:
     HostWidgetOwner& owner_;
-    QMenuBar* menuBar_;
+    MenuStrip* menuBar_;
     QWidget* content_;
     int menuBarHeight_ = 0;
 };

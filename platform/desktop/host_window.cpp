@@ -57,8 +57,8 @@ bool PlacesAreReal() {
 
 }  // namespace
 
-HostWindow::HostWindow(QString title, QSize content, Sizing sizing)
-    : title_(std::move(title)), content_(QPoint(0, 0), content), sizing_(sizing) {
+HostWindow::HostWindow(QString title, QSize content, Sizing sizing, Keys keys)
+    : title_(std::move(title)), content_(QPoint(0, 0), content), sizing_(sizing), keys_(keys) {
     TheDesk().Windows.push_back(this);
     settle_.setSingleShot(true);
     QObject::connect(&settle_, &QTimer::timeout, [this] { Settle(); });
@@ -199,7 +199,7 @@ int HostWindow::HeightAbove() const {
 
 void HostWindow::MakeWidget() {
     if (widget_ != nullptr) return;
-    widget_ = new HostWidget(*this);
+    widget_ = new HostWidget(*this, keys_);
     widget_->setWindowTitle(title_);
     widget_->setWindowFlag(Qt::FramelessWindowHint, !titled_);
     widget_->SetMenuBarHeight(titled_ ? TheDesk().Above.MenuBar() : 0);

@@ -22,7 +22,7 @@ class HostWindow : public Window, private HostWidgetOwner {
     enum class Sizing : std::uint8_t { Fixed, ByPerson };
 
     /// Without a size the content has the one that FirstSize gives when it is asked for.
-    HostWindow(QString title, QSize content, Sizing sizing);
+    HostWindow(QString title, QSize content, Sizing sizing, Keys keys = Keys::Window);
 
     [[nodiscard]] Rect Frame() const override;
     [[nodiscard]] Rect ScreenFrame() const override;
@@ -82,6 +82,7 @@ class HostWindow : public Window, private HostWidgetOwner {
     QString title_;
     mutable QRect content_;  // through Content() until it has a size
     Sizing sizing_;
+    Keys keys_;
     bool titled_ = true;
     bool visible_ = false;
     bool everPlaced_ = false;

@@ -4,11 +4,11 @@
 #include <memory>
 #include <vector>
 
+#include "platform/desktop/menu_strip.h"
 #include "platform/menu.h"
 
 class QAction;
 class QMenu;
-class QMenuBar;
 class QWidget;
 
 namespace platform::desktop {
@@ -24,19 +24,21 @@ class Menus {
 
     /// Gives the window a bar of its own with the menus in it. Their key equivalents work in the
     /// window also while the bar is hidden.
-    QMenuBar* MakeBar(QWidget& window);
+    MenuStrip* MakeBar(QWidget& window, Keys keys);
 
   private:
     struct Carrier {
         QWidget* Window = nullptr;
-        QMenuBar* Bar = nullptr;
+        MenuStrip* Bar = nullptr;
     };
 
     void ModelChanged();
     void Rebuild();
     void Fill(QMenu& menu, const Menu& model);
     void FillBar(const Carrier& carrier);
-    void Choose(const MenuItem* item, const QString& title);
+    void Show(const QMenu& menu);
+    void DidHide(const QMenu& menu);
+    void Choose(std::int64_t number);
 
     MenuBar model_;
     bool stale_ = true;   // the menus differ from the model

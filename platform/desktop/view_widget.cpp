@@ -20,11 +20,14 @@ bool IsLeftOrRight(const QMouseEvent& event) {
     return event.button() == Qt::LeftButton || event.button() == Qt::RightButton;
 }
 
-// Menus may have what the program cannot get anyway: Control with Shift. Everything else that is
-// held with Control is a key press.
+// The menus have the Menu key, and what the program cannot get anyway: Control with Shift. Where
+// digits stand above other signs, Control with Shift and a digit from 2 to 8 is a control code.
 bool BelongsToProgram(const QKeyEvent& event) {
-    return event.modifiers().testFlag(Qt::ControlModifier) &&
-           !event.modifiers().testFlag(Qt::ShiftModifier);
+    if (event.key() == Qt::Key_Menu) return false;
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    if (!modifiers.testFlags(Qt::ControlModifier | Qt::ShiftModifier)) return true;
+    return event.key() >= Qt::Key_2 && event.key() <= Qt::Key_8 &&
+           !modifiers.testFlag(Qt::KeypadModifier);
 }
 
 }  // namespace

@@ -46,7 +46,8 @@ void Headless::Choose(std::string_view menu, std::string_view item) {
     if (found == nullptr) return;
     for (std::int64_t i = 0; i < found->NumberOfItems(); ++i) {
         MenuItem* const candidate = found->ItemAt(i);
-        if (candidate->Title == item && candidate->Chosen) return candidate->Chosen(*candidate);
+        if (candidate->Title != item || !candidate->Chosen || !IsEnabled(*candidate)) continue;
+        return candidate->Chosen(*candidate);
     }
 }
 

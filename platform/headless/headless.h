@@ -151,7 +151,7 @@ class Headless final : public Application,
 
     // What the person does.
     MenuBar Menu;
-    void Choose(std::string_view menu, std::string_view item);
+    void Choose(std::string_view menu, std::string_view item);  // nothing for a disabled one
     std::vector<std::vector<std::string>> OpenAnswers;    // taken from the front
     std::vector<std::optional<std::string>> SaveAnswers;  // taken from the front
     std::vector<OpenPanel> OpenPanelsRun;

@@ -25,6 +25,16 @@ class Interface : public WindowTest {
         return *std::ranges::find(Host(window).Rows, title, &platform::FormRow::Title);
     }
 
+    const platform::MenuItem* ItemTitled(std::string_view title) {
+        for (const auto& menu : desktop.Menu.Menus()) {
+            for (std::int64_t i = 0; i < menu->NumberOfItems(); ++i) {
+                if (menu->ItemAt(i)->Title == title) return menu->ItemAt(i);
+            }
+        }
+        return nullptr;
+    }
+    bool CanChoose(std::string_view title) { return platform::IsEnabled(*ItemTitled(title)); }
+
     // Serves the main thread until everything that was printed has reached the console.
     void ServeConsole() {
         bool served = false;
@@ -44,11 +54,15 @@ std::string Lines(char kind, int first, int end) {
 TEST_F(Interface, MenusReachEveryActionAndNoKeyIsTakenTwice) {
     std::set<std::int64_t> tags;
     std::set<std::string> keys;
+    std::map<std::int64_t, std::string> wordings;  // of each action, one
     for (const auto& menu : desktop.Menu.Menus()) {
         for (std::int64_t i = 0; i < menu->NumberOfItems(); ++i) {
             const platform::MenuItem& item = *menu->ItemAt(i);
             EXPECT_EQ(item.Separator, item.Title.empty());
             tags.insert(item.Tag);
+            if (item.Tag != 0) {
+                EXPECT_EQ(wordings.try_emplace(item.Tag, item.Title).first->second, item.Title);
+            }
             if (item.KeyEquivalent.empty()) continue;
             EXPECT_TRUE(keys.insert(item.KeyEquivalent).second) << item.Title;
             EXPECT_EQ(item.KeyEquivalentModifierMask, platform::kControlFlag | platform::kShiftFlag)
@@ -59,6 +73,11 @@ TEST_F(Interface, MenusReachEveryActionAndNoKeyIsTakenTwice) {
     for (std::int64_t action = 205; action <= 230; ++action) actions.insert(action);
     EXPECT_EQ(tags, actions);
     EXPECT_TRUE(keys.contains("q"));
+    for (const platform::FormRow& row : Host(12).Rows) {
+        if (row.What != platform::FormRow::Kind::Button) continue;
+        const std::string title = row.Wording ? row.Wording() : row.Title;
+        EXPECT_TRUE(ItemTitled(title) != nullptr) << title;
+    }
 }
 
 TEST_F(Interface, ChosenItemsReachTheToolkit) {
@@ -66,18 +85,52 @@ TEST_F(Interface, ChosenItemsReachTheToolkit) {
     EXPECT_EQ(t_FrontWindow(), 9);
     desktop.Choose("Fenster", "Grafikfenster 0 zeigen");
     EXPECT_EQ(t_FrontWindow(), 0);
-    EXPECT_EQ(t_MenuEventQueue[1].ItemKeyAsc, '0');
+    EXPECT_EQ(t_MenuEventQueue[1].ItemKeyAsc, 0xF704);
     desktop.Choose("Korvandi", "Korvandi beenden");
     desktop.Run(delegate);  // ends after the launch
     EXPECT_TRUE(desktop.Printed().ends_with("applicationWillTerminate: Called.\n"));
     while (platform::RunningThreads() != 0) std::this_thread::yield();
 }
 
+TEST_F(Interface, ItemsThatCanDoNothingAreDisabled) {
+    struct Row {
+        const char* Title;
+        bool AtFirst;      // graphic window 0 is in front, no other one is shown
+        bool WithPrinter;  // the printer is in front with a text, window 0 is hidden
+    };
+    constexpr Row kRows[] = {
+        {"Text kopieren", true, true},
+        {"Bild kopieren", true, false},
+        {"Sichern unter …", true, true},
+        {"Fensterfunktion ausführen", true, false},
+        {"Drucker leeren", false, true},
+        {"Systemkonsole leeren", false, false},
+        {"Alle Fenster ausblenden", true, true},
+        {"Vorderstes Fenster ausblenden", true, true},
+        {"Hauptfenster zeigen", true, true},
+        {"Hauptfenster ausblenden", false, false},
+        {"Drucker ausblenden", false, true},
+        {"Grafikfenster 0 zeigen", true, true},
+        {"Grafikfenster 0 ausblenden", true, false},
+        {"Grafikfenster 1 zeigen", false, false},
+        {"Neu starten", false, false},
+    };
+    for (const Row& row : kRows) EXPECT_EQ(CanChoose(row.Title), row.AtFirst) << row.Title;
+    t_WindowVisible(0, false);
+    t_WindowFront(9);
+    t_WindowTextView(9)->SetText("x");
+    for (const Row& row : kRows) EXPECT_EQ(CanChoose(row.Title), row.WithPrinter) << row.Title;
+    t_WindowVisible(9, false);
+    EXPECT_FALSE(CanChoose("Alle Fenster ausblenden") || CanChoose("Text kopieren"));
+    desktop.Choose("Fenster", "Grafikfenster 1 zeigen");
+    EXPECT_EQ(t_MenuEventQueue.size(), 0);
+}
+
 TEST_F(Interface, MenusBearTheNameOfTheProgram) {
     desktop.Bundle = "/opt/Mein Spiel.app";
-    BuildMenus();
+    BuildMenus(delegate);
     desktop.Choose("Mein Spiel", "Über Mein Spiel");
-    EXPECT_EQ(t_FrontWindow(), 12);
+    EXPECT_EQ(desktop.AlertsRun.at(0).Message, "Mein Spiel");
     desktop.Choose("Mein Spiel", "Mein Spiel beenden");
     desktop.Run(delegate);  // ends after the launch
     while (platform::RunningThreads() != 0) std::this_thread::yield();

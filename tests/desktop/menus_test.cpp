@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "tests/desktop/desktop_fixture.h"
 
@@ -71,7 +72,7 @@ TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
         return screen.Do("search --onlyvisible --name '^(Probe|Systemkonsole|Drucker)$'").empty();
     }));
     Focus(screen.WindowTitled("Hauptfenster"));
-    screen.Press("ctrl+shift+0");
+    screen.Press("ctrl+shift+F1");
     EXPECT_EQ(screen.WindowTitled("Probe"), window);
     Focus(window);
     screen.Press("ctrl+shift+q");
@@ -130,6 +131,84 @@ TEST_F(Menus, PanelsGivePathsAndCancel) {
     screen.Press("Escape");
     EXPECT_EQ(probe->Line("probe: path"), "probe: path ");
     std::filesystem::remove_all(folder);
+}
+
+TEST_F(Menus, KeysBelongToTheProgramWhileNoMenuIsOpen) {
+    const std::string window = OpenProbe();
+    probe->Say("keys");
+    ASSERT_TRUE(probe->Line("probe: ready"));
+    const auto next = [this] { return probe->Line("probe: key").value_or("nothing"); };
+    const Place client = PlaceOf(window);
+    struct Row {
+        const char* Before;  // what is pressed first and gives no key
+        const char* Layout;
+        const char* Key;
+        const char* Value;
+    };
+    constexpr Row kRows[] = {
+        {"Alt_L", "us", "a", "97"},
+        {"Menu", "us", "b", "98"},
+        {"ctrl+shift+F10", "us", "c", "99"},
+        {"Alt_L", "us", "alt+f", "102"},
+        {"Alt_L", "us", "F10", "138"},
+        {"Alt_L", "us", "ctrl+shift+2", "0"},
+        {"Alt_L", "us", "ctrl+shift+6", "30"},
+        {"Alt_L", "us", "ctrl+6", "30"},
+        {"Alt_L", "us", "ctrl+7", "31"},
+        {"Alt_L", "fr", "ctrl+shift+15", "30"},  // the key with the minus sign and the 6
+        {"Alt_L", "fr", "ctrl+17", "31"},        // underscore and 8
+        {"Alt_L", "de", "ctrl+6", "30"},
+        {"Alt_L", "ch", "ctrl+6", "30"},
+    };
+    std::string layout;
+    for (const Row& row : kRows) {
+        if (std::exchange(layout, row.Layout) != row.Layout) screen.Keyboard(row.Layout);
+        screen.Press(row.Before);
+        if (std::string(row.Before) != "Alt_L") screen.Press("Escape");  // closes a menu
+        screen.Press(row.Key);
+        EXPECT_TRUE(next().starts_with("probe: key " + std::string(row.Value) + " "))
+            << row.Before << " " << row.Layout << " " << row.Key;
+    }
+    screen.Keyboard("us");
+    Click(client.X + kEditMenuX, client.Y + kMenuBarY);
+    screen.Press("Escape");
+    screen.Press("Escape");
+    EXPECT_TRUE(next().starts_with("probe: key 27 ")) << "the menu took one, the program the other";
+}
+
+TEST_F(Menus, OpenByKeyInEveryWindow) {
+    OpenProbe();
+    struct Row {
+        const char* Window;
+        const char* Show;
+        const char* Key;
+    };
+    for (const Row& row :
+         {Row{"Probe", "front 0", "Menu"}, Row{"Probe", "front 0", "ctrl+shift+F10"},
+          Row{"Probe", "title 0", "Menu"}, Row{"Hauptfenster", "front 12", "F10"},
+          Row{"Hauptfenster", "front 12", "Menu"}, Row{"Systemkonsole", "front 10", "alt+p"}}) {
+        Command(row.Show);
+        Focus(screen.WindowTitled(row.Window));
+        screen.Press(row.Key);
+        if (std::string(row.Show) == "title 0") screen.Press("Right");  // all menus in one
+        screen.Press("Return");
+        EXPECT_FALSE(screen.WindowTitled("Hinweis").empty()) << row.Window << " " << row.Key;
+        screen.Press("Escape");
+        EXPECT_TRUE(Eventually(
+            [&] { return screen.Do("search --onlyvisible --name '^Hinweis$'").empty(); }));
+    }
+}
+
+TEST_F(Menus, AHeldKeyIsLetGoWhenTheFocusGoes) {
+    const std::string window = OpenProbe();
+    Command("front 12");
+    const std::string other = screen.WindowTitled("Hauptfenster");
+    Focus(window);
+    static_cast<void>(screen.Do("keydown a"));
+    EXPECT_TRUE(Eventually([&] { return Command("down") == "down 1"; }));
+    Focus(other);
+    EXPECT_TRUE(Eventually([&] { return Command("down") == "down 0"; }));
+    static_cast<void>(screen.Do("keyup a"));
 }
 
 }  // namespace

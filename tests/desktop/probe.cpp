@@ -117,6 +117,7 @@ void Obey(std::istringstream line) {
         line >> a;
         return Answer(toolkit::Joined("pos ", t_WindowPos(0, a)));
     }
+    if (word == "down") return Answer(toolkit::Joined("down ", t_KeyDown ? 1 : 0));
     if (word == "scale") {
         line >> a >> b;
         t_WindowSize(0, -1, -1, a, b);

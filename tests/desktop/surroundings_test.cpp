@@ -122,7 +122,7 @@ struct FullOutput {
 TEST_F(Surroundings, TheReaderOfTheOutputMayBeStopped) {
     for (const bool terminal : {false, true}) {
         const FullOutput output(terminal);
-        Program stopped({"sh", "-c", "exec " KORVANDI_PROBE " >&" + std::to_string(output.Write)},
+        Program stopped({"bash", "-c", "exec " KORVANDI_PROBE " >&" + std::to_string(output.Write)},
                         screen.Display());
         stopped.Say("flood");
         stopped.Say("open");

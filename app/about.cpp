@@ -1,0 +1,25 @@
+#include "app/about.h"
+
+#include <string>
+
+#include "app/program_name.h"
+#include "platform/platform.h"
+
+namespace {
+
+constexpr const char* kWhatItIs =
+    "Ein kleiner Heimcomputer in Fenstern: ein flacher Speicher, acht Grafikfenster, Schriften aus "
+    "Punkten und Blockgrafik.";
+
+}  // namespace
+
+void ShowAbout() {
+    const std::string name = ProgramName();
+    const std::string version = "Korvandi " KORVANDI_VERSION;
+    const std::string made = name == "Korvandi" ? version : "Geschrieben für " + version;
+    static_cast<void>(platform::Current().Dialogs->RunAlert(
+        {name,
+         made + ".\n\n" + kWhatItIs +
+             "\n\nFreie Software unter der MIT-Lizenz. Die Schriften beruhen auf DejaVu Sans Mono.",
+         {"Schließen"}}));
+}
