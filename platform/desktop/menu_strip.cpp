@@ -40,6 +40,18 @@ QList<QKeySequence> OpeningKeys(Keys keys) {
     return sequences;
 }
 
+// A menu with the same items that is kept current with the one that stands in the bars.
+void AddCopy(QMenu& all, QMenu& menu) {
+    QMenu& copy = *all.addMenu(menu.title());
+    copy.addActions(menu.actions());
+    QObject::connect(&copy, &QMenu::aboutToShow, &menu, &QMenu::aboutToShow);
+    QObject::connect(&copy, &QMenu::aboutToHide, &menu, &QMenu::aboutToHide);
+}
+
+void ChooseFirst(QMenu& menu) {
+    if (!menu.isEmpty()) menu.setActiveAction(menu.actions().front());
+}
+
 }  // namespace
 
 MenuStrip::MenuStrip(QWidget& window, Keys keys) : QMenuBar(&window) {
@@ -68,14 +80,14 @@ void MenuStrip::OpenFirst() {
     if (actions().isEmpty()) return;
     if (isVisible()) {
         setActiveAction(actions().front());
-        QMenu& menu = *actions().front()->menu();
-        if (!menu.isEmpty()) menu.setActiveAction(menu.actions().front());
-        return;
+        return ChooseFirst(*actions().front()->menu());
     }
-    QMenu all(parentWidget());
-    all.addActions(actions());
-    all.setActiveAction(actions().front());
-    all.exec(parentWidget()->mapToGlobal(QPoint(0, 0)));
+    auto* const all = new QMenu(parentWidget());
+    all->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* const title : actions()) AddCopy(*all, *title->menu());
+    all->popup(parentWidget()->mapToGlobal(QPoint(0, 0)));
+    ChooseFirst(*all);
+    ChooseFirst(*all->actions().front()->menu());
 }
 
 }  // namespace platform::desktop

@@ -190,8 +190,7 @@ TEST_F(Menus, OpenByKeyInEveryWindow) {
         Command(row.Show);
         Focus(screen.WindowTitled(row.Window));
         screen.Press(row.Key);
-        if (std::string(row.Show) == "title 0") screen.Press("Right");  // all menus in one
-        screen.Press("Return");
+        screen.Press("Return");  // the first item of the first menu
         EXPECT_FALSE(screen.WindowTitled("Hinweis").empty()) << row.Window << " " << row.Key;
         screen.Press("Escape");
         EXPECT_TRUE(Eventually(
