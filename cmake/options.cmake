@@ -1,11 +1,15 @@
-# What every target of ours is compiled with.
+# What every target of ours is compiled with. The warnings are a matter of our folders: programs that
+# link the libraries have their own, and where these folders are a part of another project, no
+# warning stops its build.
 find_package(Threads REQUIRED)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(PROJECT_IS_TOP_LEVEL)
+  add_compile_options(-Werror)
+endif()
 
 add_library(korvandi_options INTERFACE)
 target_include_directories(korvandi_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_link_libraries(korvandi_options INTERFACE Threads::Threads)
-target_compile_options(korvandi_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(KORVANDI_SANITIZE)
   target_compile_options(korvandi_options INTERFACE
     -fsanitize=${KORVANDI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
