@@ -28,12 +28,13 @@ bench:
 	build/release/bin/korvandi_bench
 	build/release/bin/korvandi_window_bench
 
-# The test run under the address and undefined-behaviour sanitizers, and under the thread sanitizer.
+# The test run under the address and undefined-behaviour sanitizers, and under the thread sanitizer;
+# TESTS is a regular expression of the tests to run.
 asan tsan:
 	@tools/setup.sh check
 	cmake --preset $@
 	cmake --build --preset $@ -j $(JOBS)
-	ctest --preset $@ -j $(JOBS)
+	ctest --preset $@ -j $(JOBS) $(if $(TESTS),-R '$(TESTS)')
 
 # Runs a fuzz target, or all of them one after the other, for so many seconds each:
 # make fuzz TARGET=font_file SECONDS=600

@@ -17,6 +17,9 @@ TEST_F(TextWindows, FollowATitleBarThatIsHigherThanItWasTakenFor) {
     EXPECT_EQ(t_TitleBarHeight, 40);
     EXPECT_EQ(t_Windows[0].TitleHeight, 40);
     EXPECT_EQ(t_Windows[1].TitleHeight, 0);
+    t_TitleBarHeight = 0;  // not known so far
+    delegate.titleBarHeightDidChange(30);
+    EXPECT_EQ(t_Windows[1].TitleHeight, 0);
 }
 
 TEST_F(TextWindows, AreLaidOutForTheOneThatThePersonWorksIn) {

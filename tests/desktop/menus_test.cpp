@@ -157,8 +157,16 @@ TEST_F(Menus, KeysBelongToTheProgramWhileNoMenuIsOpen) {
         {"Alt_L", "us", "ctrl+7", "31"},
         {"Alt_L", "fr", "ctrl+shift+15", "30"},  // the key with the minus sign and the 6
         {"Alt_L", "fr", "ctrl+17", "31"},        // underscore and 8
-        {"Alt_L", "de", "ctrl+6", "30"},
-        {"Alt_L", "ch", "ctrl+6", "30"},
+        {"Alt_L", "fr", "ctrl+shift+11", "0"},   // é and 2
+        {"Alt_L", "fr", "ctrl+shift+16", "31"},  // è and 7
+        {"Alt_L", "de", "ctrl+15", "30"},        // 6
+        {"Alt_L", "de", "ctrl+16", "31"},
+        {"Alt_L", "de", "ctrl+11", "0"},
+        {"Alt_L", "ch", "ctrl+15", "30"},
+        {"Alt_L", "ch", "ctrl+16", "31"},
+        {"Alt_L", "ch", "ctrl+11", "0"},
+        {"Alt_L", "us", "ctrl+slash", "31"},
+        {"Alt_L", "us", "ctrl+space", "0"},
     };
     std::string layout;
     for (const Row& row : kRows) {

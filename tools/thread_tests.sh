@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Prints the tests that use more than one thread, as a regular expression for ctest -R.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+# A file that starts threads, or has the toolkit start some, uses one of these words.
+words='std::(j?thread|async)|StartThread|startprocess|RunProgram|HoldBackground = false|ServeUntil'
+suites=$(grep -lE "$words" tests/{app,core,game,graphics,input,platform,text,window}/*_test.cpp |
+    xargs sed -nE 's/^TEST(_F)?\(([A-Za-z0-9_]+),.*/\2/p' | sort -u | paste -sd '|')
+echo "^($suites)\\."
