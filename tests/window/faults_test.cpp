@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "tests/support/fixture.h"
@@ -51,6 +52,8 @@ constexpr Operation kOperations[] = {
     {"t_Header", TextBlock, [](std::uint8_t n) { t_Header(n, "A", "B"); }},
     {"t_TextLine", TextBlock, t_TextLine},
     {"t_TextHline", TextBlock, [](std::uint8_t n) { t_TextHline(n, 1, 2, 1, 65); }},
+    {"t_TextHline", TextBlock,
+     [](std::uint8_t n) { t_TextHline(n, INT64_MAX - 1, INT64_MAX, 1, 65); }},
     {"t_RedirectOutput", SetUp, [](std::uint8_t n) { t_RedirectOutput(n, 1); }},
     // toolkit/graphics
     {"t_Color", SetUp, [](std::uint8_t n) { t_Color(n, 1); }},
@@ -62,6 +65,8 @@ constexpr Operation kOperations[] = {
     {"t_Scrn", TextBlock, [](std::uint8_t n) { static_cast<void>(t_Scrn(n, 0, 0)); }},
     {"t_ColorBorder", SetUp, [](std::uint8_t n) { t_ColorBorder(n, 1); }},
     {"t_InvertRect", TextBlock, [](std::uint8_t n) { t_InvertRect(n, 1, 1, 1, 1); }},
+    {"t_InvertRect", TextBlock,
+     [](std::uint8_t n) { t_InvertRect(n, 1, 1, INT64_MAX, INT64_MAX); }},
     {"t_FullArea", SetUp, t_FullArea},
     {"t_GetScreen", TextBlock, [](std::uint8_t n) { static_cast<void>(t_GetScreen(n, "\r")); }},
     // toolkit/input
@@ -168,6 +173,28 @@ TEST_F(WindowFaults, RecordsMayHoldAnything) {
     w.TextMemoryEnd = INT64_MAX;
     t_InitWindow(1, 24, true, 64, 32, 0, 0, TestFont(), true);
     t_InitWindow(2, 24, true, 64, 32, 0, 0, TestFont(), true);
+}
+
+// With a grid and a text area as large as numbers allow, an operation ends after about as many
+// cells as the window has or its widest line could have.
+TEST_F(WindowFaults, LoopsOverCellsEnd) {
+    t_InitWindow(1, 24, true, 64, 32, 0, 0, TestFont(), true);
+    t_Window& w = t_Windows[1];
+    const t_Window asSetUp = w;
+    for (const std::int64_t first : {std::int64_t{1}, std::int64_t{2}, INT64_MAX - 1, INT64_MAX}) {
+        for (const Operation& operation : kOperations) {
+            w = asSetUp;
+            for (auto* field : {&w.TextWidth, &w.TextHeight, &w.TextLastColumn, &w.TextLastLine}) {
+                *field = INT64_MAX;
+            }
+            for (auto* field :
+                 {&w.TextFirstColumn, &w.TextFirstLine, &w.TextHpos, &w.TextVpos, &w.InputHpos}) {
+                *field = first;
+            }
+            const std::string faults = Printed([&] { operation.Run(1); });
+            EXPECT_LE(std::ranges::count(faults, '\n'), 4 * 8192) << operation.Name;
+        }
+    }
 }
 
 TEST_F(WindowFaults, WindowsThatDoNotExistAreNotPlaced) {

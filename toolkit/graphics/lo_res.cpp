@@ -13,6 +13,7 @@
 #include "toolkit/core/utf8.h"
 #include "toolkit/graphics/palette.h"
 #include "toolkit/text/glyph.h"
+#include "toolkit/text/grid_span.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 
@@ -117,9 +118,10 @@ std::int64_t Modulo16(std::int64_t color) {
 
 // The characters of the grid, each code as the character of that number.
 std::string GridText(const t_Window& w, std::string_view separator) {
+    const toolkit::CellArea grid = toolkit::GridArea(w, {1, w.TextWidth}, {1, w.TextHeight});
     std::string text;
-    for (std::int64_t line = 1; line <= w.TextHeight; ++line) {
-        for (std::int64_t column = 1; column <= w.TextWidth; ++column) {
+    for (const std::int64_t line : grid.Lines) {
+        for (const std::int64_t column : grid.Columns) {
             toolkit::AppendCharacter(text, toolkit::CellAt(w, column, line).Symbol);
         }
         text += separator;
@@ -222,10 +224,12 @@ void t_InvertRect(std::uint8_t window, std::int64_t firstColumn, std::int64_t fi
     if (w == nullptr) return;
     if (firstColumn < 1 || lastColumn < firstColumn || lastColumn > w->TextWidth) return;
     if (firstLine < 1 || lastLine < firstLine || lastLine > w->TextHeight) return;
+    const toolkit::CellArea area =
+        toolkit::GridArea(*w, {firstColumn, lastColumn}, {firstLine, lastLine});
     const bool inverse = w->TextInverse;
     w->TextInverse = true;
-    for (std::int64_t line = firstLine; line <= lastLine; ++line) {
-        for (std::int64_t column = firstColumn; column <= lastColumn; ++column) {
+    for (const std::int64_t line : area.Lines) {
+        for (const std::int64_t column : area.Columns) {
             const toolkit::Cell cell = toolkit::CellAt(*w, column, line);
             t_PrintSymbol(window, cell.Symbol, cell.Color, column, line);
         }

@@ -105,9 +105,11 @@ void t_ClearEndOfWindow(std::uint8_t window) {
     t_ClearEndOfLine(window);
     const std::int64_t column = w->TextHpos;
     const std::int64_t line = w->TextVpos;
-    const toolkit::Span below = toolkit::GridSpan(Plus(line, 1), w->TextLastLine);
-    if (below.First <= below.Last) w->TextHpos = w->TextFirstColumn;
-    for (std::int64_t y = below.First; y <= below.Last; ++y) {
+    if (line >= w->TextLastLine) return;
+    const toolkit::CellArea below = toolkit::GridArea(*w, {w->TextFirstColumn, w->TextLastColumn},
+                                                      {Plus(line, 1), w->TextLastLine});
+    for (const std::int64_t y : below.Lines) {
+        w->TextHpos = w->TextFirstColumn;
         w->TextVpos = y;
         t_ClearEndOfLine(window);
     }

@@ -228,7 +228,7 @@ bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
     }
     const Place place(target, columns.First, line);
     const toolkit::RowBlock cell = place.Block();
-    const std::int64_t count = columns.Last - columns.First + 1;
+    const std::int64_t count = columns.Count();
     const toolkit::RowBlock strip{cell.Address, cell.Stride, cell.Bytes * count, cell.Rows};
     if (!place.IsWholeBytes() || !toolkit::LiesWithin(strip, target.Start, target.End)) {
         return false;
@@ -254,14 +254,14 @@ void RecordCell(const t_Window& w, std::uint8_t symbol, std::uint8_t pair, std::
 void RecordCells(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
                  const toolkit::Span& columns, std::int64_t line) {
     const std::int64_t first = toolkit::CellIndex(w, columns.First, line);
-    const std::int64_t count = columns.Last - columns.First + 1;
+    const std::int64_t count = columns.Count();
     const std::int64_t address = toolkit::Plus(w.TextMemoryStart, first);
     if (first >= 0 && toolkit::CellIndex(w, columns.Last, line) == first + count - 1 &&
         toolkit::FillRun(address, count, symbol) &&
         toolkit::FillRun(toolkit::Plus(address, toolkit::ColorOffset(w)), count, pair)) {
         return;
     }
-    for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
+    for (const std::int64_t column : columns) {
         RecordCell(w, symbol, pair, column, line);
     }
 }
@@ -304,7 +304,7 @@ void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t f
     if (DrawStrip(w, symbol, pair, columns, line)) {
         return RecordCells(w, symbol, pair, columns, line);
     }
-    for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
+    for (const std::int64_t column : columns) {
         t_PrintSymbol(window, symbol, w.TextColor, column, line);
     }
 }

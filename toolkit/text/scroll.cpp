@@ -64,14 +64,19 @@ void MovePixels(const t_Window& w, const LineMove& move) {
                Plus(start, line(move.To)), Minus(end, line(move.From)));
 }
 
+toolkit::CellArea TextArea(const t_Window& w) {
+    return toolkit::GridArea(w, {w.TextFirstColumn, w.TextLastColumn},
+                             {w.TextFirstLine, w.TextLastLine});
+}
+
 bool SpansWholeLines(const t_Window& w) {
     return w.TextFirstColumn == 1 && w.TextLastColumn == w.TextWidth;
 }
 
 // Redraws a cell from the one `distance` lines below it. Stored colours are the colours as drawn.
-void CopyLine(std::uint8_t window, const t_Window& w, std::int64_t line, std::int64_t distance) {
-    const Span columns = toolkit::GridSpan(w.TextFirstColumn, w.TextLastColumn);
-    for (std::int64_t column = columns.First; column <= columns.Last; ++column) {
+void CopyLine(std::uint8_t window, const t_Window& w, const Span& columns, std::int64_t line,
+              std::int64_t distance) {
+    for (const std::int64_t column : columns) {
         const toolkit::Cell cell = toolkit::CellAt(w, column, line + distance);
         t_PrintSymbol(window, cell.Symbol, cell.Color, column, line);
     }
@@ -86,7 +91,7 @@ void BlankLine(std::uint8_t window, const t_Window& w, std::int64_t line) {
 void t_ScrollUp(std::uint8_t window) {
     t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
     if (w == nullptr || w->ScrollLock) return;
-    const Span lines = toolkit::GridSpan(w->TextFirstLine, w->TextLastLine);
+    const auto [columns, lines] = TextArea(*w);
     if (SpansWholeLines(*w)) {
         const LineMove move{lines.First, Minus(lines.First, 1), Minus(lines.Last, lines.First)};
         MoveCells(*w, move);
@@ -95,7 +100,7 @@ void t_ScrollUp(std::uint8_t window) {
         const bool inverse = w->TextInverse;
         w->TextInverse = false;
         for (std::int64_t line = lines.First; line < lines.Last; ++line) {
-            CopyLine(window, *w, line, 1);
+            CopyLine(window, *w, columns, line, 1);
         }
         w->TextInverse = inverse;
     }
@@ -105,7 +110,7 @@ void t_ScrollUp(std::uint8_t window) {
 void t_ScrollDown(std::uint8_t window) {
     t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
     if (w == nullptr || w->ScrollLock) return;
-    const Span lines = toolkit::GridSpan(w->TextFirstLine, w->TextLastLine);
+    const auto [columns, lines] = TextArea(*w);
     if (SpansWholeLines(*w)) {
         const LineMove move{Minus(lines.First, 1), lines.First, Minus(lines.Last, lines.First)};
         MoveCells(*w, move);
@@ -114,7 +119,7 @@ void t_ScrollDown(std::uint8_t window) {
         const bool inverse = w->TextInverse;
         w->TextInverse = false;
         for (std::int64_t line = lines.Last; line > lines.First; --line) {
-            CopyLine(window, *w, line, -1);
+            CopyLine(window, *w, columns, line, -1);
         }
         w->TextInverse = inverse;
     }

@@ -132,7 +132,7 @@ enum class Need : std::uint8_t { SetUp, TextBlock };
 void PrintNotInitialized(std::string_view operation, std::uint8_t window);
 
 /// How many bytes lie from one address to another, both included.
-[[nodiscard]] inline std::int64_t LengthOf(std::int64_t start, std::int64_t end) {
+[[nodiscard]] constexpr std::int64_t LengthOf(std::int64_t start, std::int64_t end) {
     return Plus(Minus(end, start), 1);
 }
 
