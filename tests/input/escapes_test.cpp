@@ -44,6 +44,9 @@ TEST_F(Escapes, UnusualSequencesEnd) {
         {Escaped("´±"), "A"},  // only the low seven bits of a digit count
         {"\x1B" + Escaped("41"), "\0"s},
         {Escaped("001B") + "41\x1D", "A"},  // goes on at the replacement
+        {"a" + Escaped("1B") + "z\x1B", "a\x1Bz\x1B"},
+        {"a" + Escaped("1B") + "\x1Dz", "a\x1B\x1Dz"},
+        {Escaped("1B") + Escaped("1B") + "z", "\0z"s},
     };
     for (const Row& row : rows) EXPECT_EQ(t_DecodeEscapes(row.Encoded), row.Decoded);
 }

@@ -17,7 +17,7 @@ constexpr char32_t kCarriageReturn = 13;
 constexpr char32_t kLastSingle = 255;
 constexpr std::size_t kDigits = 4;
 
-using Iterator = std::vector<char32_t>::iterator;
+using Iterator = std::vector<char32_t>::const_iterator;
 
 std::int64_t HexadecimalValue(Iterator digit, Iterator end) {
     std::int64_t value = 0;
@@ -29,21 +29,30 @@ std::int64_t HexadecimalValue(Iterator digit, Iterator end) {
     return value;
 }
 
+// With an ESC that begins no sequence, and all that comes after it.
+std::string WithRest(std::string decoded, Iterator at, Iterator end) {
+    toolkit::AppendCharacter(decoded, kEscape);
+    for (; at != end; ++at) toolkit::AppendCharacter(decoded, *at);
+    return decoded;
+}
+
 }  // namespace
 
 std::string t_DecodeEscapes(std::string_view string) {
-    std::vector<char32_t> characters = toolkit::Characters(string);
-    auto escape = std::ranges::find(characters, kEscape);
-    while (escape != characters.end()) {
-        const auto end = std::find(escape, characters.end(), kGroupSeparator);
-        if (end == characters.end() || end == escape + 1) break;
-        const std::int64_t code = HexadecimalValue(escape + 1, end);
-        *escape = static_cast<char32_t>(toolkit::IsScalar(code) ? code : 0);
-        characters.erase(escape + 1, end + 1);
-        escape = std::find(escape, characters.end(), kEscape);
-    }
+    const std::vector<char32_t> characters = toolkit::Characters(string);
     std::string decoded;
-    for (const char32_t c : characters) toolkit::AppendCharacter(decoded, c);
+    for (Iterator at = characters.begin(); at != characters.end();) {
+        std::int64_t code = *at++;
+        // What a sequence stands for may be the ESC of the next one.
+        while (code == kEscape) {
+            const Iterator end = std::find(at, characters.end(), kGroupSeparator);
+            if (end == characters.end() || end == at)
+                return WithRest(decoded, at, characters.end());
+            code = HexadecimalValue(at, end);
+            at = end + 1;
+        }
+        toolkit::AppendCharacter(decoded, code);
+    }
     return decoded;
 }
 

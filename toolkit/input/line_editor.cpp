@@ -87,19 +87,24 @@ void ToRight(std::uint8_t /*window*/, t_Window& w) {
     w.InputCursorPos = w.InputCursorPos + 1;
 }
 
-void WordRight(std::uint8_t /*window*/, t_Window& w) {
-    const std::int64_t end = Length(w);
-    std::int64_t position = w.InputCursorPos;
-    if (position < end) ++position;
-    while (position < end && CodeLeftOf(w, position) != kBlank) ++position;
+// Moves the cursor by one character, if there is one, and on in the same direction to the next
+// place behind a blank or to the end of the field.
+void MoveByWord(t_Window& w, std::int64_t step) {
+    const std::vector<char32_t> field = toolkit::Characters(w.InputString);
+    const std::int64_t last = step > 0 ? std::ssize(field) : 0;
+    std::int64_t position = std::clamp<std::int64_t>(w.InputCursorPos, 0, std::ssize(field));
+    if (position != last) position += step;
+    while (position != last && field[static_cast<std::size_t>(position - 1)] != kBlank) {
+        position += step;
+    }
     w.InputCursorPos = position;
 }
 
+void WordRight(std::uint8_t /*window*/, t_Window& w) {
+    MoveByWord(w, 1);
+}
 void WordLeft(std::uint8_t /*window*/, t_Window& w) {
-    std::int64_t position = w.InputCursorPos;
-    if (position > 0) --position;
-    while (position > 0 && CodeLeftOf(w, position) != kBlank) --position;
-    w.InputCursorPos = position;
+    MoveByWord(w, -1);
 }
 
 // Deletes the character at a position; nothing where there is none.
