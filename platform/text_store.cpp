@@ -1,6 +1,6 @@
-#include "platform/desktop/text_store.h"
+#include "platform/text_store.h"
 
-namespace platform::desktop {
+namespace platform {
 
 std::int64_t LineEndsIn(std::string_view text, bool afterReturn) {
     std::int64_t ends = 0;
@@ -33,6 +33,11 @@ void TextStore::Set(std::string_view text) {
 }
 
 void TextStore::Append(std::string_view text) {
+    // The line of this pair went when its carriage return ended it.
+    if (lastWasReturn_ && Text().empty() && text.starts_with('\n')) {
+        text.remove_prefix(1);
+        lastWasReturn_ = false;
+    }
     if (text.empty()) return;
     lineEnds_ += LineEndsIn(text, lastWasReturn_);
     lastWasReturn_ = text.back() == '\r';
@@ -58,4 +63,4 @@ void TextStore::Trim() {
     }
 }
 
-}  // namespace platform::desktop
+}  // namespace platform

@@ -5,10 +5,11 @@
 #include <string>
 #include <string_view>
 
-namespace platform::desktop {
+namespace platform {
 
 /// The text of a text view, byte for byte as it was given, with a limit on its lines. A line ends
-/// with a line feed, a carriage return, or both in this order. No threads of its own.
+/// with a line feed, a carriage return, or a carriage return and a line feed. No threads of its
+/// own.
 class TextStore {
   public:
     /// The whole text. Valid until the next change.
@@ -37,4 +38,4 @@ class TextStore {
 /// Where the first line of `text` ends: the offset behind its line end, or the size of the text.
 [[nodiscard]] std::size_t EndOfFirstLine(std::string_view text);
 
-}  // namespace platform::desktop
+}  // namespace platform

@@ -62,7 +62,8 @@ class TextView {
     /// Adds at the end; a view that stands at its end follows. When more than the line limit is
     /// held, the oldest lines go.
     virtual void AppendText(std::string_view text) = 0;
-    /// 0: no limit.
+    /// How many lines are kept; 0: all. A line ends with a line feed, a carriage return, or a
+    /// carriage return and a line feed; the last line counts as one also while it is empty.
     virtual void SetLineLimit(std::int64_t lines) = 0;
     /// Substitution of quotes, dashes and text, detection of links and data.
     virtual void SetAutomaticSubstitutions(bool on) = 0;

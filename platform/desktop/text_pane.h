@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop/text_store.h"
+#include "platform/text_store.h"
 #include "platform/window.h"
 
 class QPlainTextEdit;

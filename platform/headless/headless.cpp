@@ -370,13 +370,6 @@ void HeadlessView::MouseUp(bool rightButton) {
     rightButton ? Client.rightMouseUp() : Client.mouseUp();
 }
 
-void HeadlessTextView::AppendText(std::string_view text) {
-    Content += text;
-    if (LineLimit <= 0) return;
-    std::int64_t lines = std::ranges::count(Content, '\n');
-    for (; lines > LineLimit; --lines) Content.erase(0, Content.find('\n') + 1);
-}
-
 void HeadlessTextView::SetFont(std::string_view family, double points) {
     FontFamily = family;
     FontPoints = points;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/text_store.h"
 
 // A desktop in memory: windows have frames and an order, the pasteboard keeps text, sounds are
 // noted, a display pass happens when it is asked for, and time stands still unless somebody sleeps.
@@ -84,18 +85,41 @@ class HeadlessView final : public View, private Canvas {
     Picture buffer_;
 };
 
+/// The text of a text view, to be set and read as a string.
+class HeadlessText : public TextStore {
+  public:
+    HeadlessText& operator=(std::string_view text) {
+        Set(text);
+        return *this;
+    }
+    operator std::string_view() const { return Text(); }
+    friend bool operator==(const HeadlessText& text, std::string_view other) {
+        return text.Text() == other;
+    }
+
+    void clear() { Set({}); }
+    [[nodiscard]] std::size_t size() const { return Text().size(); }
+    [[nodiscard]] char operator[](std::size_t at) const { return Text()[at]; }
+    [[nodiscard]] bool ends_with(std::string_view end) const { return Text().ends_with(end); }
+    [[nodiscard]] std::size_t find(auto what, std::size_t from = 0) const {
+        return Text().find(what, from);
+    }
+    [[nodiscard]] std::string_view substr(std::size_t from, std::size_t count) const {
+        return Text().substr(from, count);
+    }
+};
+
 class HeadlessTextView final : public TextView {
   public:
-    [[nodiscard]] std::string Text() const override { return Content; }
+    [[nodiscard]] std::string Text() const override { return std::string(Content.Text()); }
     void SetText(std::string_view text) override { Content = text; }
-    void AppendText(std::string_view text) override;
-    void SetLineLimit(std::int64_t lines) override { LineLimit = lines; }
+    void AppendText(std::string_view text) override { Content.Append(text); }
+    void SetLineLimit(std::int64_t lines) override { Content.SetLimit(lines); }
     void SetAutomaticSubstitutions(bool on) override { AutomaticSubstitutions = on; }
     void SetFont(std::string_view family, double points) override;
     void SetNeedsDisplay() override { ++DisplayRequests; }
 
-    std::string Content;
-    std::int64_t LineLimit = 0;
+    HeadlessText Content;
     bool AutomaticSubstitutions = true;
     std::string FontFamily;
     double FontPoints = 0;
