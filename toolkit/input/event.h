@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "toolkit/core/shared.h"
@@ -37,12 +39,43 @@ struct t_Event {
     bool operator==(const t_Event&) const = default;
 };
 
+namespace toolkit {
+
+/// An event as it waits in a queue: much smaller than the record, so that a long pasted text stays
+/// small too. An event with larger numbers or a longer description than those of keys and clicks is
+/// kept whole.
+class QueuedEvent {
+  public:
+    QueuedEvent(t_Event event);
+    operator t_Event() const;
+
+  private:
+    static constexpr std::size_t kNumbers = 6;
+    static constexpr std::size_t kMostCharacters = 9;  // bytes
+
+    [[nodiscard]] static bool IsSmall(const t_Event& event);
+
+    std::unique_ptr<const t_Event> whole_;  // if there is one, the rest means nothing
+    std::int64_t time_ = 0;
+    std::array<std::int32_t, kNumbers> numbers_{};
+    std::uint16_t mods_ = 0;
+    std::uint16_t flags_ = 0;  // from the lowest bit on, in the order of the fields
+    std::uint8_t kind_ = 0;
+    std::uint8_t window_ = 0;
+    std::uint8_t length_ = 0;  // of the description, bytes
+    std::array<char, kMostCharacters> description_{};
+};
+
+using InputQueue = EventQueue<t_Event, QueuedEvent>;
+
+}  // namespace toolkit
+
 /// Key events waiting for the program thread, and whether there are any.
-extern toolkit::EventQueue<t_Event>& t_EventQueue;
+extern toolkit::InputQueue& t_EventQueue;
 extern constinit toolkit::Shared<bool> t_EventPending;
 
 /// Mouse events. Only the program takes from this queue.
-extern toolkit::EventQueue<t_Event>& t_MouseEventQueue;
+extern toolkit::InputQueue& t_MouseEventQueue;
 extern constinit toolkit::Shared<bool> t_MouseEventPending;
 
 /// The event that t_NextEvent took last. Program thread.

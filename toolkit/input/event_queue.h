@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <deque>
 #include <mutex>
@@ -11,8 +12,9 @@
 namespace toolkit {
 
 /// Events, first in first out, appended and taken on different threads. Every operation is one step
-/// with respect to the others, the flag included. Any thread.
-template <typename Event>
+/// with respect to the others, the flag included. Any thread. They wait as `Kept`, which converts
+/// from and to an event.
+template <typename Event, typename Kept = Event>
 class EventQueue {
   public:
     /// `pending` is kept true exactly while there are events.
@@ -20,7 +22,7 @@ class EventQueue {
 
     void Append(Event event) {
         const std::lock_guard lock(mutex_);
-        events_.push_back(std::move(event));
+        events_.emplace_back(std::move(event));
         pending_ = true;
     }
 
@@ -29,7 +31,7 @@ class EventQueue {
         const std::lock_guard lock(mutex_);
         std::optional<Event> oldest;
         if (!events_.empty()) {
-            oldest = std::move(events_.front());
+            oldest.emplace(std::move(events_.front()));
             events_.pop_front();
         }
         pending_ = !events_.empty();
@@ -46,7 +48,7 @@ class EventQueue {
     template <typename Fits>
     bool DropAllIfNewest(const Fits& fits) {
         const std::lock_guard lock(mutex_);
-        const bool drop = !events_.empty() && fits(events_.back());
+        const bool drop = !events_.empty() && fits(Event(events_.back()));
         if (drop) events_.clear();
         pending_ = !events_.empty();
         return drop;
@@ -58,9 +60,17 @@ class EventQueue {
     }
     [[nodiscard]] bool empty() const { return size() == 0; }
 
+    /// Whether an event fits.
+    template <typename Fits>
+    [[nodiscard]] bool Any(const Fits& fits) const {
+        const std::lock_guard lock(mutex_);
+        return std::ranges::any_of(events_, [&](const Kept& event) { return fits(Event(event)); });
+    }
+
     /// A copy of the event at `position`, from 0 for the oldest; an empty record where there is
-    /// none.
-    Event operator[](std::int64_t position) const {
+    /// none. Constant, so that what would only change the copy does not compile.
+    // NOLINTNEXTLINE(readability-const-return-type)
+    const Event operator[](std::int64_t position) const {
         const std::lock_guard lock(mutex_);
         if (position < 0 || position >= std::ssize(events_)) return Event();
         return events_[static_cast<std::size_t>(position)];
@@ -68,7 +78,7 @@ class EventQueue {
 
   private:
     mutable std::mutex mutex_;
-    std::deque<Event> events_;
+    std::deque<Kept> events_;
     Shared<bool>& pending_;
 };
 

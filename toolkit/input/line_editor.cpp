@@ -14,6 +14,7 @@
 #include "toolkit/core/utf8.h"
 #include "toolkit/input/escapes.h"
 #include "toolkit/input/event.h"
+#include "toolkit/input/pasted_keys.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/header.h"
 #include "toolkit/text/print.h"
@@ -26,6 +27,7 @@ namespace {
 
 constexpr std::int64_t kReturn = 13;
 constexpr std::int64_t kEscape = 27;
+constexpr std::int64_t kByNumber = 30;
 constexpr std::int64_t kPlaceCursor = 31;
 constexpr std::int64_t kBlank = 32;
 constexpr std::int64_t kBackspace = 127;
@@ -158,9 +160,16 @@ void Copy(std::uint8_t /*window*/, t_Window& w) {
     });
 }
 
-void Paste(std::uint8_t /*window*/, t_Window& /*w*/) {
+// Whether a key leaves the field, or reads what comes after it by itself.
+bool LeavesOrReads(const t_Event& event) {
+    return event.Value == kReturn || event.Value == kEscape || event.Value == kByNumber;
+}
+
+// Queues what the field can use; all of it where keys that wait already may send it elsewhere.
+void Paste(std::uint8_t /*window*/, t_Window& w) {
     const auto text = platform::AskMain([] { return platform::Current().Board->Text(); });
-    t_QueueKeys(t_FirstLine(t_EncodeEscapes(text.value_or(std::string()))));
+    const std::string line = t_FirstLine(t_EncodeEscapes(text.value_or(std::string())));
+    t_QueueKeys(t_EventQueue.Any(LeavesOrReads) ? line : toolkit::PastedKeys(w, line));
 }
 
 // The digit that a key stands for; -1 for other keys.
@@ -218,7 +227,7 @@ constexpr KeyRow kKeys[] = {
     {24, DeleteToStart},              // Ctrl-X
     {26, Clear},                      // Ctrl-Z
     {kEscape, Cancel},                // Escape
-    {30, EnterByNumber},              // Ctrl-^
+    {kByNumber, EnterByNumber},       // Ctrl-^
     {kPlaceCursor, JustPlaceCursor},  // Ctrl-_
     {kBackspace, DeleteLeft},         // Backspace
 };
