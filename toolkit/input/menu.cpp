@@ -20,10 +20,20 @@ std::int64_t MenuActionList::size() const {
     return std::ssize(actions_);
 }
 
-t_MenuAction MenuActionList::operator[](std::int64_t index) const {
+// NOLINTNEXTLINE(readability-const-return-type)
+const t_MenuAction MenuActionList::operator[](std::int64_t index) const {
     const std::lock_guard lock(mutex_);
-    if (index < 0 || index >= std::ssize(actions_)) return {};
-    return actions_[static_cast<std::size_t>(index)];
+    return Has(index) ? actions_[static_cast<std::size_t>(index)] : t_MenuAction();
+}
+
+void MenuActionList::Change(std::int64_t index, const std::function<void(t_MenuAction&)>& change) {
+    const std::lock_guard lock(mutex_);
+    if (Has(index)) change(actions_[static_cast<std::size_t>(index)]);
+}
+
+void MenuActionList::erase(std::int64_t index) {
+    const std::lock_guard lock(mutex_);
+    if (Has(index)) actions_.erase(actions_.begin() + index);
 }
 
 std::int64_t MenuActionList::IndexOf(std::int64_t tag) const {
@@ -34,11 +44,10 @@ std::int64_t MenuActionList::IndexOf(std::int64_t tag) const {
 }
 
 void MenuActionList::SetFile(std::int64_t index, std::string path, std::string name) {
-    const std::lock_guard lock(mutex_);
-    if (index < 0 || index >= std::ssize(actions_)) return;
-    t_MenuAction& action = actions_[static_cast<std::size_t>(index)];
-    action.FilePath = std::move(path);
-    action.FileName = std::move(name);
+    Change(index, [&](t_MenuAction& action) {
+        action.FilePath = std::move(path);
+        action.FileName = std::move(name);
+    });
 }
 
 void MenuActionList::Clear() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -42,20 +43,32 @@ struct t_MenuAction {
 
 namespace toolkit {
 
-/// The menu actions, in the order in which they were added. A program adds its own; the main thread
-/// reads them and stores what a dialog gave. Any thread; every operation is one step.
+/// The menu actions, in the order in which they were added, indexed from 0. A program adds its own;
+/// the main thread reads them and stores what a dialog gave. Any thread; every operation is one
+/// step.
 class MenuActionList {
   public:
     void push_back(t_MenuAction action);
     [[nodiscard]] std::int64_t size() const;
-    /// A copy of the entry at `index`, from 0; an empty one where there is none.
-    [[nodiscard]] t_MenuAction operator[](std::int64_t index) const;
+    /// A copy of the entry at `index`; an empty one where there is none. Constant, so that what
+    /// would only change the copy does not compile: Change changes the entry.
+    // NOLINTNEXTLINE(readability-const-return-type)
+    [[nodiscard]] const t_MenuAction operator[](std::int64_t index) const;
+    /// Has `change` change the entry at `index`; nothing where there is none. It must not use the
+    /// list: t_MenuActions.Change(0, [](t_MenuAction& action) { action.Title = "Laden"; });
+    void Change(std::int64_t index, const std::function<void(t_MenuAction& action)>& change);
+    /// Removes the entry at `index`; nothing where there is none.
+    void erase(std::int64_t index);
     /// Index of the first entry with this tag; -1 for tag 0 and when there is none.
     [[nodiscard]] std::int64_t IndexOf(std::int64_t tag) const;
     void SetFile(std::int64_t index, std::string path, std::string name);
     void Clear();
 
   private:
+    [[nodiscard]] bool Has(std::int64_t index) const {
+        return index >= 0 && index < std::ssize(actions_);
+    }
+
     mutable std::mutex mutex_;
     std::vector<t_MenuAction> actions_;
 };

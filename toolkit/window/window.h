@@ -40,12 +40,12 @@ struct t_Window {
     toolkit::Shared<std::int64_t> TitleHeight = 0;   // 0 while the title bar is hidden
     toolkit::Shared<std::int64_t> BorderWidth = 0;   // beside the picture, pixels
     toolkit::Shared<std::int64_t> BorderHeight = 0;  // above and below the picture, pixels
-    toolkit::Shared<t_RGBColor> RGBColorBorder = t_RGBColor{255, 0, 0, 0};
+    toolkit::SharedColor RGBColorBorder;
 
     toolkit::Shared<std::int64_t> BitDepth = 0;  // 1, 4, 8, 16, 24 or 32
     toolkit::Shared<std::int64_t> Width = 0;     // of the picture, pixels
     toolkit::Shared<std::int64_t> Height = 0;
-    toolkit::Shared<t_RGBColor> RGBColor = t_RGBColor{255, 0, 0, 0};  // current colour
+    toolkit::SharedColor RGBColor;  // current colour
     toolkit::Shared<std::int64_t> DrawingMode = 0;
     toolkit::Shared<std::int64_t> PositionX = 0;
     toolkit::Shared<std::int64_t> PositionY = 0;
