@@ -90,7 +90,7 @@ check:
 format:
 	git ls-files '*.h' '*.cpp' | xargs clang-format-14 -i
 
-# Makes the fonts, the sounds and the font chart anew.
+# Makes the fonts, the sounds, the font chart and the table of upper-case letters anew.
 resources:
 	@tools/setup.sh test
 	cmake --preset release

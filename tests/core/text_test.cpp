@@ -1,6 +1,9 @@
+#include <fstream>
 #include <limits>
+#include <numeric>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "tests/support/fixture.h"
 
@@ -77,12 +80,42 @@ TEST_F(Texts, CutLinesAndMakeBlanks) {
     EXPECT_EQ(t_FirstLine("eins"), "eins");
     EXPECT_EQ(t_Spaces(32'767), std::string(32'767, ' '));
     EXPECT_EQ(t_Spaces(0) + t_Spaces(32'768) + t_Spaces(kMost) + t_Spaces(kLeast), "");
-    EXPECT_EQ(t_LowerCode('E'), 'e');
-    EXPECT_EQ(t_LowerCode(0xDC), 0xFC);
-    for (const std::int64_t code : {0x40, 0x5B, 0xD7, 0xDF, 0xF7, 0x20AC}) {
+}
+
+TEST_F(Texts, KnowTheLowerCaseFormsOfAllScripts) {
+    constexpr std::pair<char32_t, char32_t> kRows[] = {
+        {U'E', U'e'},   {U'Ü', U'ü'}, {U'Þ', U'þ'},      {U'Ÿ', U'ÿ'}, {U'Ā', U'ā'},
+        {U'Ņ', U'ņ'},   {U'Σ', U'σ'}, {U'Ώ', U'ώ'},      {U'Ж', U'ж'}, {U'Ԯ', U'ԯ'},
+        {U'Ა', U'ა'}, {U'Ⴀ', U'ⴀ'}, {U'Ꭰ', U'ꭰ'},    {U'ẞ', U'ß'}, {U'Ⓩ', U'ⓩ'},
+        {U'Ｚ', U'ｚ'}, {U'𐐀', U'𐐨'}, {U'𞤡', U'𞥃'}};
+    for (const auto& [upper, lower] : kRows) {
+        EXPECT_EQ(t_LowerCode(upper), lower);
+        EXPECT_EQ(t_LowerCode(lower), lower);
+    }
+    for (const std::int64_t code :
+         {std::int64_t{0}, std::int64_t{0x40}, std::int64_t{0x5B}, std::int64_t{215},
+          std::int64_t{0xDF}, std::int64_t{0x20AC}, std::int64_t{0x101}, kMost}) {
         EXPECT_EQ(t_LowerCode(code), code);
     }
     EXPECT_EQ(t_LowerCode(-1), 0);
+    EXPECT_EQ(t_LowerCode(kLeast), 0);
+}
+
+// Against the data that the table was made from, where it is installed.
+TEST_F(Texts, LowerCaseFormsAreThoseOfUnicode) {
+    std::ifstream data("/usr/share/unicode/UnicodeData.txt");
+    if (!data) GTEST_SKIP() << "no Unicode data here";
+    std::vector<std::int64_t> lower(0x110000);
+    std::iota(lower.begin(), lower.end(), 0);
+    for (std::string line; std::getline(data, line);) {
+        std::size_t field = 0;
+        for (int n = 0; n < 13; ++n) field = line.find(';', field) + 1;
+        if (line[field] == ';') continue;
+        lower.at(std::stoul(line, nullptr, 16)) = std::stol(line.substr(field), nullptr, 16);
+    }
+    for (std::int64_t code = 0; code < std::ssize(lower); ++code) {
+        ASSERT_EQ(t_LowerCode(code), lower[static_cast<std::size_t>(code)]) << code;
+    }
 }
 
 TEST_F(Texts, HoldNumbersInDecimal) {

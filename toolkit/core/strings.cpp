@@ -1,13 +1,22 @@
 #include "toolkit/core/strings.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include "toolkit/core/lower_case.h"
 #include "toolkit/core/utf8.h"
 
 namespace {
 
 constexpr std::int64_t kMostSpaces = 32'767;
 
-constexpr bool IsUpperCaseLetter(std::int64_t code) {
-    return (code >= 65 && code <= 90) || (code >= 192 && code <= 222 && code != 215);
+// How far the lower-case form of an upper-case letter lies behind it; 0 for other characters.
+std::int64_t LowerCaseDistance(std::int64_t code) {
+    const auto* const behind =
+        std::ranges::upper_bound(toolkit::kLowerCaseRanges, code, {}, &toolkit::CaseRange::First);
+    if (behind == std::begin(toolkit::kLowerCaseRanges)) return 0;
+    const toolkit::CaseRange& range = behind[-1];
+    return code <= range.Last && (code - range.First) % range.Step == 0 ? range.Distance : 0;
 }
 
 }  // namespace
@@ -43,6 +52,5 @@ std::string t_Spaces(std::int64_t n) {
 }
 
 std::int64_t t_LowerCode(std::int64_t code) {
-    if (code < 0) return 0;
-    return IsUpperCaseLetter(code) ? code + 32 : code;
+    return code < 0 ? 0 : code + LowerCaseDistance(code);
 }

@@ -28,5 +28,6 @@
 /// `n` blanks; empty for 0 or less and above 32,767.
 [[nodiscard]] std::string t_Spaces(std::int64_t n);
 
-/// The code of a character's lower-case form (the letters of Latin-1); 0 for a negative code.
+/// The code of a character's lower-case form as Unicode has it; the code itself without one; 0 for
+/// a negative code.
 [[nodiscard]] std::int64_t t_LowerCode(std::int64_t code);
