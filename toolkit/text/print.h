@@ -29,7 +29,8 @@ void t_Print(std::uint8_t window, std::string_view string);
 /// The same for the bytes of a Text.
 void t_Print(std::uint8_t window, const Text& text);
 
-/// Prints one character code through the display mode, control codes included.
+/// Prints one character code through the display mode. Control codes are drawn as characters, not
+/// obeyed: t_PrintControl obeys them.
 void t_PrintChar(std::uint8_t window, std::uint8_t code);
 
 /// Executes one control code, 7 to 31; others do nothing. With redirected output the code goes
