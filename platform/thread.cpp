@@ -81,10 +81,17 @@ std::size_t SmallestStack() {
     return smallest > 0 ? static_cast<std::size_t>(smallest) : 0;
 }
 
+void ShowName(std::string_view name) {
+    constexpr std::size_t kSystemLimit = 15;
+    pthread_setname_np(pthread_self(), std::string(name.substr(0, kSystemLimit)).c_str());
+}
+
 void* Run(void* argument) {
     const std::unique_ptr<Start> start(static_cast<Start*>(argument));
     const Leaving leaving;
     Self().Number = start->Number;
+    // For the system a thread begins with the name of the one that made it.
+    ShowName("Thread " + std::to_string(start->Number));
     start->Body();
     return nullptr;
 }
@@ -124,8 +131,7 @@ std::string StartBackgroundTask(std::function<void()> task) {
 
 void NameThread(std::string_view name) {
     Self().Name = name;
-    constexpr std::size_t kSystemLimit = 15;
-    pthread_setname_np(pthread_self(), std::string(name.substr(0, kSystemLimit)).c_str());
+    ShowName(name);
 }
 
 std::string ThreadDescription() {

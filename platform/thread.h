@@ -23,7 +23,8 @@ void SetBackgroundStarter(std::function<std::string(std::function<void()>)> star
 /// Runs `task` soon on a background thread; nobody waits for its end. Returns as StartThread does.
 [[nodiscard]] std::string StartBackgroundTask(std::function<void()> task);
 
-/// Names the calling thread. The system shows the first 15 bytes.
+/// Names the calling thread. The system shows the first 15 bytes; it shows a thread of StartThread
+/// as "Thread <number>" until it is named.
 void NameThread(std::string_view name);
 
 /// The calling thread as a readable text: "<thread>{number = 2, name = Main Program}". A thread

@@ -71,21 +71,25 @@ bool StandsStill(pid_t thread) {
 
 TEST(Threads, CarryNumbersAndNames) {
     platform::RestartThreadNumbers();
-    const auto describe = [] { return platform::ThreadDescription(); };
-    const auto named = [] {
-        platform::NameThread("A name of more than fifteen bytes");
+    const auto shown = [] {
         char name[16] = {};
         pthread_getname_np(pthread_self(), name, sizeof name);
-        return platform::ThreadDescription() + name;
+        return std::string(name);
+    };
+    const auto describe = [] { return platform::ThreadDescription(); };
+    const auto named = [&shown] {
+        platform::NameThread("A name of more than fifteen bytes");
+        return platform::ThreadDescription() + shown() + "|" + OnThread(shown);
     };
     EXPECT_TRUE(platform::ThreadDescription().starts_with("<thread>{number = 1, name = "));
     EXPECT_EQ(OnThread(describe), "<thread>{number = 2, name = (null)}");
     EXPECT_EQ(OnThread(named),
-              "<thread>{number = 3, name = A name of more than fifteen bytes}A name of more ");
+              "<thread>{number = 3, name = A name of more than fifteen bytes}A name of more |"
+              "Thread 4");
     std::string foreign;
     std::thread([&] { foreign = describe(); }).join();
     EXPECT_EQ(foreign, "<thread>{number = 0, name = (null)}");
-    EXPECT_EQ(OnThread(describe), "<thread>{number = 4, name = (null)}");
+    EXPECT_EQ(OnThread(describe), "<thread>{number = 5, name = (null)}");
 }
 
 TEST(Threads, HaveTheStackThatWasAskedFor) {
