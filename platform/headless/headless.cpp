@@ -8,17 +8,21 @@
 
 namespace platform::headless {
 
-// A sound that has ended as soon as it was played: nothing here takes time.
+// A sound that has ended as soon as it was played, unless sounds are to last.
 class Headless::NamedSound final : public Sound {
   public:
     NamedSound(Headless& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
 
-    bool IsPlaying() override { return false; }
-    void Play() override { desktop_.Note(name_); }
+    bool IsPlaying() override { return played_ && desktop_.SoundsLast; }
+    void Play() override {
+        played_ = true;
+        desktop_.Note(name_);
+    }
 
   private:
     Headless& desktop_;
     std::string name_;
+    std::atomic<bool> played_ = false;
 };
 
 Headless::Headless() {
@@ -204,6 +208,7 @@ Window* Headless::MakeFormWindow(std::string_view title, std::vector<FormRow> ro
 
 std::vector<std::string> Headless::RunOpenPanel(const OpenPanel& panel) {
     OpenPanelsRun.push_back(panel);
+    if (OnPanel) OnPanel();
     if (OpenAnswers.empty()) return {};
     std::vector<std::string> answer = std::move(OpenAnswers.front());
     OpenAnswers.erase(OpenAnswers.begin());
@@ -212,6 +217,7 @@ std::vector<std::string> Headless::RunOpenPanel(const OpenPanel& panel) {
 
 std::optional<std::string> Headless::RunSavePanel(const SavePanel& panel) {
     SavePanelsRun.push_back(panel);
+    if (OnPanel) OnPanel();
     if (SaveAnswers.empty()) return std::nullopt;
     std::optional<std::string> answer = std::move(SaveAnswers.front());
     SaveAnswers.erase(SaveAnswers.begin());

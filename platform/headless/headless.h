@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -168,16 +169,18 @@ class Headless final : public Application,
     /// Of the clock, seconds since 2001; not a whole number, since chance is made from its
     /// fractions.
     double StartTime = 800'000'000.0123;
-    std::function<void()> OnSleep;  // called in every Sleep, on the sleeping thread
-    bool EchoOutput = false;        // also to the process's standard output
-    bool KeepOutput = true;         // for Printed
-    bool KeepPlayed = true;         // for Played
+    std::function<void()> OnSleep;         // called in every Sleep, on the sleeping thread
+    bool EchoOutput = false;               // also to the process's standard output
+    bool KeepOutput = true;                // for Printed
+    bool KeepPlayed = true;                // for Played
+    std::atomic<bool> SoundsLast = false;  // true: a sound that was played plays on
 
     // What the person does.
     MenuBar Menu;
     void Choose(std::string_view menu, std::string_view item);  // nothing for a disabled one
     std::vector<std::vector<std::string>> OpenAnswers;    // taken from the front
     std::vector<std::optional<std::string>> SaveAnswers;  // taken from the front
+    std::function<void()> OnPanel;  // called while an open or save panel is shown
     std::vector<OpenPanel> OpenPanelsRun;
     std::vector<SavePanel> SavePanelsRun;
     std::vector<std::int64_t> AlertAnswers;  // taken from the front; none: the last button

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <limits>
+#include <thread>
 
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
@@ -29,6 +31,22 @@ class StartUp : public ToolkitTest {
         const platform::Menu& m = *desktop.Menu.Find(menu);
         for (std::int64_t i = first; i < m.NumberOfItems(); ++i) titles += "|" + m.ItemAt(i)->Title;
         return titles;
+    }
+
+    // Two threads run `action`, 0 and 1, and begin together.
+    void OnTwoThreads(const std::function<void(int thread)>& action) {
+        std::atomic<int> ready = 0;
+        std::atomic<int> done = 0;
+        const auto run = [&](int thread) {
+            ++ready;
+            while (ready < 2) {
+            }
+            action(thread);
+            ++done;
+        };
+        const std::jthread first(run, 0);
+        const std::jthread second(run, 1);
+        ASSERT_TRUE(desktop.ServeUntil([&] { return done == 2; }));
     }
 
     std::int64_t Items(std::string_view menu) { return desktop.Menu.Find(menu)->NumberOfItems(); }
@@ -76,6 +94,16 @@ TEST_F(StartUp, SetsUpMemoryTablesAndPasteboardOnce) {
     EXPECT_EQ(t_HighMemory, 77);
     EXPECT_EQ(t_MenuActions.size(), 37);
     EXPECT_EQ(Pasteboard().Content, "bleibt");
+}
+
+TEST_F(StartUp, SetsUpOnceForThreadsThatAskAtTheSameTime) {
+    for (int run = 0; run < 200; ++run) {
+        t_MenuActions.Clear();
+        t_MemoryStarted = t_ToolsReady = false;
+        OnTwoThreads([](int /*thread*/) { t_InitMemory(); });
+        ASSERT_TRUE(t_ToolsReady);
+        ASSERT_EQ(t_MenuActions.size(), 37) << run;
+    }
 }
 
 TEST_F(StartUp, CleansTheMenusOfForeignItems) {
@@ -148,6 +176,15 @@ TEST_F(StartUp, StartsOneThreadAfterTheOther) {
     EXPECT_EQ(toolkit::Milliseconds() - before, 3 * 1 + 10);
     ASSERT_TRUE(desktop.ServeUntil([&] { return secondRan.load(); }));
     EXPECT_FALSE(t_ProgramStartPending);
+}
+
+TEST_F(StartUp, StartsBothThreadsThatAreAskedForAtTheSameTime) {
+    for (int run = 0; run < 400; ++run) {
+        std::atomic<int> ran[2] = {};
+        OnTwoThreads([&](int thread) { startprocess([&ran, thread] { ++ran[thread]; }, 0); });
+        ASSERT_TRUE(desktop.ServeUntil([] { return platform::RunningThreads() == 0; }));
+        ASSERT_TRUE(ran[0] == 1 && ran[1] == 1) << run;
+    }
 }
 
 TEST_F(StartUp, ReportsAThreadThatCannotBeMade) {

@@ -228,6 +228,26 @@ TEST_F(MenuEvents, DialogsOfTheProgramRunOnTheMainThread) {
     EXPECT_EQ(desktop.OpenPanelsRun.size(), 2U);
 }
 
+TEST_F(MenuEvents, ADialogIsWaitedForUntilItsAnswerIsThere) {
+    const std::string path(20'000'000, 'p');  // takes a while to store
+    desktop.OpenAnswers = {{path}};
+    std::atomic<std::int64_t> looks = 0;  // of the program for the answer
+    std::atomic<bool> returned = false;
+    desktop.OnSleep = [&looks] { ++looks; };
+    desktop.OnPanel = [&] {
+        const std::int64_t before = looks;
+        while (looks < before + 3 && !returned) std::this_thread::yield();
+        EXPECT_FALSE(returned);
+    };
+    startprocess(
+        [&] {
+            EXPECT_EQ(t_OpenFileDialog("", "", "").size(), path.size());
+            returned = true;
+        },
+        0);
+    EXPECT_TRUE(desktop.ServeUntil([] { return platform::RunningThreads() == 0; }));
+}
+
 TEST_F(MenuEvents, ExportedTextHasLookAlikesForGraphicsCharacters) {
     std::string codes = "Größe\r€";
     for (std::int64_t code = 126; code <= 161; ++code) codes += toolkit::CharacterString(code);

@@ -1,6 +1,9 @@
 #include "toolkit/text/glyph.h"
 
 #include <array>
+#include <atomic>
+#include <span>
+#include <thread>
 
 #include "tests/support/fixture.h"
 #include "tests/support/random.h"
@@ -197,8 +200,46 @@ TEST_F(Glyphs, NeedAFontAndACellOfThePicture) {
     const Model before;
     t_Windows[1].Height = 8192;  // more than its block holds
     t_PrintSymbol(1, 65, 0xF0, 1, 10);
+    t_TextHline(1, 1, 8, 10, 65);
     EXPECT_EQ(Model(), before);
     t_WindowFont(1, EmptyFont());
     EXPECT_EQ(Printed([] { t_PrintSymbol(1, 65, 0xF0, 1, 1); }),
               "t_PrintSymbol: Window #1 not initialized.\n");
+}
+
+// Threads that draw the same glyphs share what was finished before.
+TEST_F(Glyphs, OfSeveralThreadsDoNotMix) {
+    constexpr int kColors = 24;
+    constexpr std::uint8_t kWindows[] = {0, 1, 2, 3};
+    for (const std::uint8_t n : kWindows) Open(n, 24, 8, 4);
+    const auto pixels = [](std::uint8_t window) {
+        const t_Window& w = t_Windows[window];
+        std::array<std::uint8_t, 8 * 24> bytes{};
+        for (std::int64_t y = 0; y < 8; ++y) {
+            toolkit::ReadRun(w.MemoryStart + y * w.Width * 3,
+                             std::span(bytes).subspan(static_cast<std::size_t>(y) * 24, 24));
+        }
+        return bytes;
+    };
+    const auto draw = [&](std::uint8_t window, int glyph) {
+        const auto symbol = static_cast<std::uint8_t>(glyph / kColors);
+        t_PrintSymbol(window, symbol, static_cast<std::uint8_t>(glyph % kColors * 5), 1, 1);
+        return pixels(window);
+    };
+    std::vector<std::array<std::uint8_t, 8 * 24>> expected;
+    for (int glyph = 0; glyph < 256 * kColors; ++glyph) expected.push_back(draw(0, glyph));
+    std::atomic<int> wrong = 0;
+    std::vector<std::jthread> threads;
+    for (const std::uint8_t n : kWindows) {
+        threads.emplace_back([&, n] {
+            for (int i = 0; i < 100'000; ++i) {
+                const int glyph = i * (2 * n + 1) % (256 * kColors);
+                // Twice, so that it is kept.
+                draw(n, glyph);
+                wrong += draw(n, glyph) != expected[static_cast<std::size_t>(glyph)];
+            }
+        });
+    }
+    threads.clear();
+    EXPECT_EQ(wrong, 0);
 }

@@ -107,6 +107,9 @@ TEST_F(Placement, SizesTheOtherWindowsAndTheirScrollViews) {
         t_WindowSize(window, -1, 41, 0, 400);
         EXPECT_EQ(Host(window).Frame(), (Rect{30, 41, 0, 428}));
         EXPECT_EQ(Scroll(window).Frame(), (Rect{scroll.X, scroll.Y, 460, 323}));
+        t_WindowSize(window, -1, -1, 500, 0);
+        EXPECT_EQ(Host(window).Frame(), (Rect{30, 41, 500, 28}));
+        EXPECT_EQ(Scroll(window).Frame(), (Rect{scroll.X, scroll.Y, 460, 323}));
         EXPECT_FALSE(Host(window).IsVisible());
         t_WindowVisible(window, true);
         t_WindowVisible(12, true);
