@@ -1,7 +1,6 @@
 #include "toolkit/core/shared.h"
 
 #include <thread>
-#include <vector>
 
 #include "tests/support/fixture.h"
 
@@ -55,13 +54,13 @@ TEST_F(SharedFields, TakeTheOperatorsOfTheirTypes) {
 }
 
 TEST_F(SharedFields, CountWhatEveryThreadAdds) {
-    std::vector<std::jthread> threads;
-    for (int n = 0; n < 4; ++n) {
-        threads.emplace_back([] {
-            for (int i = 0; i < 50'000; ++i) t_Windows[0].PositionX += 1, ++t_Windows[0].PositionY;
-        });
+    const auto count = [] {
+        for (int i = 0; i < 50'000; ++i) t_Windows[0].PositionX += 1, ++t_Windows[0].PositionY;
+    };
+    {
+        const std::jthread threads[] = {std::jthread(count), std::jthread(count),
+                                        std::jthread(count), std::jthread(count)};
     }
-    threads.clear();
     EXPECT_EQ(t_Windows[0].PositionX, 200'000);
     EXPECT_EQ(t_Windows[0].PositionY, 200'000);
 }

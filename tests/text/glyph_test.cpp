@@ -210,11 +210,12 @@ TEST_F(Glyphs, NeedAFontAndACellOfThePicture) {
 // Threads that draw the same glyphs share what was finished before.
 TEST_F(Glyphs, OfSeveralThreadsDoNotMix) {
     constexpr int kColors = 24;
+    constexpr int kGlyphs = 256 * kColors;
     constexpr std::uint8_t kWindows[] = {0, 1, 2, 3};
     for (const std::uint8_t n : kWindows) Open(n, 24, 8, 4);
     const auto pixels = [](std::uint8_t window) {
         const t_Window& w = t_Windows[window];
-        std::array<std::uint8_t, 8 * 24> bytes{};
+        std::array<std::uint8_t, 192> bytes{};
         for (std::int64_t y = 0; y < 8; ++y) {
             toolkit::ReadRun(w.MemoryStart + y * w.Width * 3,
                              std::span(bytes).subspan(static_cast<std::size_t>(y) * 24, 24));
@@ -226,17 +227,17 @@ TEST_F(Glyphs, OfSeveralThreadsDoNotMix) {
         t_PrintSymbol(window, symbol, static_cast<std::uint8_t>(glyph % kColors * 5), 1, 1);
         return pixels(window);
     };
-    std::vector<std::array<std::uint8_t, 8 * 24>> expected;
-    for (int glyph = 0; glyph < 256 * kColors; ++glyph) expected.push_back(draw(0, glyph));
+    std::vector<decltype(pixels(0))> expected(kGlyphs);
+    for (int glyph = 0; glyph < kGlyphs; ++glyph) expected.at(std::size_t(glyph)) = draw(0, glyph);
     std::atomic<int> wrong = 0;
     std::vector<std::jthread> threads;
     for (const std::uint8_t n : kWindows) {
         threads.emplace_back([&, n] {
             for (int i = 0; i < 100'000; ++i) {
-                const int glyph = i * (2 * n + 1) % (256 * kColors);
+                const int glyph = i * (2 * n + 1) % kGlyphs;
                 // Twice, so that it is kept.
                 draw(n, glyph);
-                wrong += draw(n, glyph) != expected[static_cast<std::size_t>(glyph)];
+                wrong += draw(n, glyph) != expected.at(std::size_t(glyph));
             }
         });
     }

@@ -41,13 +41,13 @@ std::string WithRest(std::string decoded, Iterator at, Iterator end) {
 std::string t_DecodeEscapes(std::string_view string) {
     const std::vector<char32_t> characters = toolkit::Characters(string);
     std::string decoded;
-    for (Iterator at = characters.begin(); at != characters.end();) {
+    const auto last = characters.end();
+    for (auto at = characters.begin(); at != last;) {
         std::int64_t code = *at++;
         // What a sequence stands for may be the ESC of the next one.
         while (code == kEscape) {
-            const Iterator end = std::find(at, characters.end(), kGroupSeparator);
-            if (end == characters.end() || end == at)
-                return WithRest(decoded, at, characters.end());
+            const auto end = std::find(at, last, kGroupSeparator);
+            if (end == last || end == at) return WithRest(decoded, at, last);
             code = HexadecimalValue(at, end);
             at = end + 1;
         }
