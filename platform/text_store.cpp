@@ -1,5 +1,7 @@
 #include "platform/text_store.h"
 
+#include <utility>
+
 namespace platform {
 
 std::int64_t LineEndsIn(std::string_view text, bool afterReturn) {
@@ -22,14 +24,11 @@ std::string_view TextStore::Text() const {
     return std::string_view(bytes_).substr(start_);
 }
 
-void TextStore::Set(std::string_view text) {
-    const std::string kept(text);  // the text may be a part of this one
-    bytes_.clear();
-    bytes_.shrink_to_fit();
+void TextStore::Set(std::string text) {
+    bytes_ = std::move(text);
     start_ = 0;
-    lineEnds_ = 0;
-    lastWasReturn_ = false;
-    Append(kept);
+    lastWasReturn_ = bytes_.ends_with('\r');
+    SetLimit(limit_);
 }
 
 void TextStore::Append(std::string_view text) {
@@ -39,7 +38,7 @@ void TextStore::Append(std::string_view text) {
         lastWasReturn_ = false;
     }
     if (text.empty()) return;
-    lineEnds_ += LineEndsIn(text, lastWasReturn_);
+    if (limit_ > 0) lineEnds_ += LineEndsIn(text, lastWasReturn_);
     lastWasReturn_ = text.back() == '\r';
     bytes_.append(text);
     Trim();
@@ -47,6 +46,7 @@ void TextStore::Append(std::string_view text) {
 
 void TextStore::SetLimit(std::int64_t lines) {
     limit_ = lines < 0 ? 0 : lines;
+    if (limit_ > 0) lineEnds_ = LineEndsIn(Text(), false);
     Trim();
 }
 

@@ -14,7 +14,7 @@ class TextStore {
   public:
     /// The whole text. Valid until the next change.
     [[nodiscard]] std::string_view Text() const;
-    void Set(std::string_view text);
+    void Set(std::string text);
     /// Adds at the end. When more than the limit is held, the oldest lines go; the last line counts
     /// as one also while it is empty.
     void Append(std::string_view text);
@@ -27,7 +27,7 @@ class TextStore {
 
     std::string bytes_;
     std::size_t start_ = 0;      // the text begins here; what is before is dropped in one go
-    std::int64_t lineEnds_ = 0;  // in the text
+    std::int64_t lineEnds_ = 0;  // in the text; counted while there is a limit
     std::int64_t limit_ = 0;
     bool lastWasReturn_ = false;  // the text ends with a carriage return
 };

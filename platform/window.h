@@ -58,7 +58,7 @@ class TextView {
     virtual ~TextView() = default;
 
     [[nodiscard]] virtual std::string Text() const = 0;
-    virtual void SetText(std::string_view text) = 0;
+    virtual void SetText(std::string text) = 0;
     /// Adds at the end; a view that stands at its end follows. When more than the line limit is
     /// held, the oldest lines go.
     virtual void AppendText(std::string_view text) = 0;

@@ -48,9 +48,9 @@ TextPane::TextPane() : font_(FixedWidthFont("Menlo", 11)) {
     QObject::connect(&flush_, &QTimer::timeout, [this] { Flush(); });
 }
 
-void TextPane::SetText(std::string_view text) {
-    store_.Set(text);
+void TextPane::SetText(std::string text) {
     followEnd_ = text.empty();
+    store_.Set(std::move(text));
     ChangedWholly();
 }
 

@@ -21,7 +21,7 @@ class TextPane : public TextView {
     TextPane();
 
     [[nodiscard]] std::string Text() const override { return std::string(store_.Text()); }
-    void SetText(std::string_view text) override;
+    void SetText(std::string text) override;
     void AppendText(std::string_view text) override;
     void SetLineLimit(std::int64_t lines) override;
     void SetAutomaticSubstitutions(bool on) override;

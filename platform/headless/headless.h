@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
@@ -113,7 +114,7 @@ class HeadlessText : public TextStore {
 class HeadlessTextView final : public TextView {
   public:
     [[nodiscard]] std::string Text() const override { return std::string(Content.Text()); }
-    void SetText(std::string_view text) override { Content = text; }
+    void SetText(std::string text) override { Content.Set(std::move(text)); }
     void AppendText(std::string_view text) override { Content.Append(text); }
     void SetLineLimit(std::int64_t lines) override { Content.SetLimit(lines); }
     void SetAutomaticSubstitutions(bool on) override { AutomaticSubstitutions = on; }
