@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 // What the toolkit asks of the machine beneath the desktop. Any thread.
@@ -38,10 +39,10 @@ class Output {
     virtual void Write(std::string_view text) = 0;
 };
 
-/// The content of a file; `Error` is empty when it could be read.
+/// The content of a file; `Error` is zero when it could be read.
 struct FileContent {
     std::vector<std::uint8_t> Bytes;
-    std::string Error;
+    std::error_code Error;
 };
 
 class Resources {
@@ -61,5 +62,12 @@ class Resources {
 /// Reads the whole regular file at `path` from the disk: what every implementation of
 /// Resources::ReadFile does for a path that it has nothing else for.
 [[nodiscard]] FileContent ReadFileFromDisk(const std::string& path);
+
+/// Makes `bytes` the content of the regular file at `path`, which need not exist yet; a link is
+/// followed. The bytes go to a new file beside it first, which takes its place, its permissions and
+/// as far as possible its owner once everything is on the disk. The result is the reason for not
+/// doing so, and zero when it is done; the file then is as it was before. Does not replace a file
+/// that may not be written.
+[[nodiscard]] std::error_code WriteFileToDisk(const std::string& path, std::string_view bytes);
 
 }  // namespace platform

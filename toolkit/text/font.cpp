@@ -68,8 +68,8 @@ constexpr FormatRow kFormats[] = {
 
 Bytes getbinaryfromfile(const std::string& path) {
     platform::FileContent content = platform::Current().Files->ReadFile(path);
-    if (!content.Error.empty()) {
-        toolkit::PrintLine("getbinaryfromfile: Error #", content.Error);
+    if (content.Error) {
+        toolkit::PrintLine("getbinaryfromfile: Error #", content.Error.message());
         return {};
     }
     return std::move(content.Bytes);
