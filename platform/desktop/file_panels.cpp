@@ -1,5 +1,7 @@
 #include "platform/desktop/file_panels.h"
 
+#include <QtCore/QFileInfo>
+#include <QtCore/QSettings>
 #include <QtCore/QStringList>
 #include <QtGui/QFileSystemModel>
 #include <QtWidgets/QAbstractItemView>
@@ -11,6 +13,7 @@
 #include <QtWidgets/QTreeView>
 
 #include "platform/desktop/alert_box.h"
+#include "platform/desktop/file_columns.h"
 #include "platform/desktop/text.h"
 
 namespace platform::desktop {
@@ -34,7 +37,9 @@ QStringList Filters(const std::vector<std::string>& fileTypes, bool othersToo) {
     const QString all = QStringLiteral("Alle Dateien (*)");
     const QStringList patterns = Patterns(fileTypes);
     if (patterns.isEmpty()) return {all};
-    QStringList filters{QStringLiteral("Passende Dateien (%1)").arg(patterns.join(u' '))};
+    const bool texts = patterns == QStringList(QStringLiteral("*.txt"));
+    const QString name = texts ? QStringLiteral("Textdateien") : QStringLiteral("Passende Dateien");
+    QStringList filters{QStringLiteral("%1 (%2)").arg(name, patterns.join(u' '))};
     if (othersToo) filters << all;
     return filters;
 }
@@ -73,23 +78,17 @@ void SetUp(QFileDialog& dialog, const std::string& title, const std::string& mes
     dialog.setWindowTitle(ToQt(title));
     dialog.setLabelText(QFileDialog::Accept, ToLabel(prompt));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Abbrechen"));
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Suchen in:"));
+    const bool saves = dialog.acceptMode() == QFileDialog::AcceptSave;
+    dialog.setLabelText(QFileDialog::LookIn,
+                        saves ? QStringLiteral("Sichern in:") : QStringLiteral("Suchen in:"));
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Dateityp:"));
     dialog.setLabelText(QFileDialog::FileName, ToLabel(nameLabel));
     AddMessage(dialog, message);
     if (auto* const list = dialog.findChild<QTreeView*>(); list != nullptr) {
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->setItemDelegate(new FileColumns(list));
     }
     dialog.resize(kWidth, kHeight);
-}
-
-std::vector<std::string> Run(QFileDialog& dialog) {
-    std::vector<std::string> paths;
-    if (dialog.exec() != QDialog::Accepted) return paths;
-    for (const QString& path : dialog.selectedFiles()) {
-        paths.push_back(FromQt(path.normalized(QString::NormalizationForm_C)));
-    }
-    return paths;
 }
 
 QFileDialog::FileMode Mode(const OpenPanel& panel) {
@@ -107,8 +106,14 @@ void AllowSeveralFolders(QFileDialog& dialog) {
 
 }  // namespace
 
+// The dialogs of the window library keep the folders that were visited in the person's settings;
+// at a place that is no folder they find and leave none.
+FilePanels::FilePanels() {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
 std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setFileMode(Mode(panel));
     dialog.setOption(QFileDialog::ShowDirsOnly, !panel.FilesAllowed);
     dialog.setNameFilters(Filters(panel.FileTypes, false));
@@ -119,7 +124,7 @@ std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
 }
 
 std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(Filters(panel.FileTypes, true));
@@ -132,6 +137,17 @@ std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
     const std::vector<std::string> paths = Run(dialog);
     if (paths.empty()) return std::nullopt;
     return paths.front();
+}
+
+std::vector<std::string> FilePanels::Run(QFileDialog& dialog) {
+    std::vector<std::string> paths;
+    if (dialog.exec() != QDialog::Accepted) return paths;
+    for (const QString& path : dialog.selectedFiles()) {
+        paths.push_back(FromQt(path.normalized(QString::NormalizationForm_C)));
+        const QString folder = QFileInfo(path).absolutePath();
+        if (QFileInfo(folder).isDir()) folder_ = folder;
+    }
+    return paths;
 }
 
 std::int64_t FilePanels::RunAlert(const Alert& alert) {

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -106,9 +107,10 @@ TEST_F(Menus, TextWindowsShowAndGiveTheirText) {
 }
 
 TEST_F(Menus, PanelsGivePathsAndCancel) {
-    OpenProbe();
     const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "Korv 50% ü";
     std::filesystem::create_directories(folder);
+    setenv("XDG_CONFIG_HOME", (folder / "settings").c_str(), 1);
+    OpenProbe();
     const std::string file = folder / "Grüße.txt";
     std::ofstream(file) << "x";
     screen.Keyboard("de");
@@ -122,7 +124,7 @@ TEST_F(Menus, PanelsGivePathsAndCancel) {
     probe->Say("save");
     Focus(screen.WindowTitled("Datei sichern"));
     screen.Press("ctrl+a");
-    screen.Type(folder / "Neu.md");
+    screen.Type("Neu.md");  // in the folder of the last file
     screen.Press("Return");
     EXPECT_EQ(probe->Line("probe: path"), "probe: path " + (folder / "Neu.md").string());
 
@@ -130,6 +132,8 @@ TEST_F(Menus, PanelsGivePathsAndCancel) {
     Focus(screen.WindowTitled("Datei sichern"));
     screen.Press("Escape");
     EXPECT_EQ(probe->Line("probe: path"), "probe: path ");
+    EXPECT_FALSE(std::filesystem::exists(folder / "settings" / "QtProject.conf"));
+    unsetenv("XDG_CONFIG_HOME");
     std::filesystem::remove_all(folder);
 }
 
