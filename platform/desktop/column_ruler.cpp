@@ -28,6 +28,8 @@ int MarkLength(int column) {
 
 ColumnRuler::ColumnRuler(QWidget& parent, QPlainTextEdit& editor)
     : QWidget(&parent), editor_(editor) {
+    setAccessibleName(QStringLiteral("Spaltenlineal"));
+    setAccessibleDescription(QStringLiteral("Zählt die Spalten des Textes darunter."));
     QObject::connect(editor.horizontalScrollBar(), &QScrollBar::valueChanged, this,
                      [this] { update(); });
     editor.installEventFilter(this);

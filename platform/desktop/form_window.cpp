@@ -69,7 +69,10 @@ QWidget* MakeChoice(const FormRow& row) {
     auto* const line = new QWidget;
     auto* const layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(ToLabel(row.Title)));
+    auto* const label = new QLabel(ToLabel(row.Title));
+    label->setBuddy(choice);
+    choice->setAccessibleName(ToQt(row.Title));
+    layout->addWidget(label);
     layout->addStretch();
     layout->addWidget(choice);
     return line;

@@ -41,6 +41,9 @@ TextWindowParts TextWindow::Parts() {
 
 void TextWindow::Fill(QWidget& content) {
     QPlainTextEdit* const editor = text_.MakeEditor(content, !hasRuler_);
+    const QWidget* const window = content.window();
+    editor->setAccessibleName(window->windowTitle());
+    QObject::connect(window, &QWidget::windowTitleChanged, editor, &QWidget::setAccessibleName);
     scroll_.SetWidget(editor);
     if (hasRuler_) ruler_.SetWidget(new ColumnRuler(content, *editor));
     editor->setFocus();
