@@ -39,7 +39,7 @@ void TextStore::Append(std::string_view text) {
     }
     if (text.empty()) return;
     if (limit_ > 0) lineEnds_ += LineEndsIn(text, lastWasReturn_);
-    lastWasReturn_ = text.back() == '\r';
+    lastWasReturn_ = text.ends_with('\r');
     bytes_.append(text);
     Trim();
 }

@@ -1,7 +1,8 @@
 #include "platform/desktop/file_columns.h"
 
-#include <QtCore/QLocale>
 #include <QtGui/QFileSystemModel>
+
+#include "platform/desktop/german.h"
 
 namespace platform::desktop {
 
@@ -10,13 +11,6 @@ namespace {
 // Of the model's columns.
 constexpr int kSize = 1;
 constexpr int kModified = 3;
-
-QString SizeText(qint64 bytes) {
-    constexpr qint64 kStep = 1024;
-    if (bytes < kStep) return QStringLiteral("%1 Byte").arg(bytes);
-    return QLocale().formattedDataSize(bytes, bytes < kStep * kStep ? 0 : 1,
-                                       QLocale::DataSizeTraditionalFormat);
-}
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "platform/desktop/german.h"
 
+#include <QtCore/QLocale>
 #include <algorithm>
 #include <string_view>
 
@@ -153,6 +154,14 @@ QString German::translate(const char* context, const char* source, const char* /
     const auto* const found = std::ranges::lower_bound(kWords, wanted, Before);
     if (found == std::end(kWords) || Before(wanted, *found)) return {};
     return ToQt(found->German);
+}
+
+QString SizeText(qint64 bytes) {
+    constexpr qint64 kStep = 1024;
+    if (bytes < kStep) return QStringLiteral("%1 Byte").arg(bytes);
+    return QLocale(QLocale::German)
+        .formattedDataSize(bytes, bytes < kStep * kStep ? 0 : 1,
+                           QLocale::DataSizeTraditionalFormat);
 }
 
 }  // namespace platform::desktop

@@ -13,4 +13,7 @@ class German : public QTranslator {
                                     int count) const override;
 };
 
+/// A number of bytes as a German reader writes it, in the largest unit that it fills. Any thread.
+[[nodiscard]] QString SizeText(qint64 bytes);
+
 }  // namespace platform::desktop

@@ -6,7 +6,9 @@
 #include <QtWidgets/QScrollBar>
 #include <utility>
 
+#include "platform/desktop/german.h"
 #include "platform/desktop/text.h"
+#include "platform/desktop/text_excerpt.h"
 
 namespace platform::desktop {
 
@@ -40,6 +42,12 @@ void ShowEnd(const QPlainTextEdit& editor) {
     bar.setValue(bar.maximum());
 }
 
+// The line where the editor leaves something out.
+QString Notice(std::size_t bytes) {
+    return QStringLiteral("… (gekürzt: %1 nicht gezeigt)")
+        .arg(SizeText(static_cast<qint64>(bytes)));
+}
+
 }  // namespace
 
 TextPane::TextPane() : font_(FixedWidthFont("Menlo", 11)) {
@@ -58,10 +66,15 @@ void TextPane::AppendText(std::string_view text) {
     if (text.empty()) return;
     store_.Append(text);
     if (editor_ == nullptr || replace_) return;
+    const bool atEnd = StandsAtEnd(*editor_);
+    if (stopped_ && !atEnd) return;
     pending_.append(text);
-    if (pending_.size() > kMostToInsert || !editor_->isVisible()) {
-        followEnd_ = StandsAtEnd(*editor_);
+    pendingLines_ += LineEndsIn(text, false);
+    if (stopped_ || !editor_->isVisible() || (atEnd && TooMuch())) {
+        followEnd_ = atEnd;
         ChangedWholly();
+    } else if (TooMuch()) {
+        StopHere();
     }
     ScheduleFlush();
 }
@@ -101,6 +114,7 @@ QPlainTextEdit* TextPane::MakeEditor(QWidget& parent, bool wrap) {
 void TextPane::ChangedWholly() {
     pending_.clear();
     pending_.shrink_to_fit();
+    pendingLines_ = 0;
     replace_ = true;
     ScheduleFlush();
 }
@@ -109,24 +123,54 @@ void TextPane::ScheduleFlush() {
     if (editor_ != nullptr && editor_->isVisible() && !flush_.isActive()) flush_.start();
 }
 
+// More than the editor takes at once, or twice as much in it as it begins with.
+bool TextPane::TooMuch() const {
+    return pending_.size() > kMostToInsert || pendingLines_ > kMostLinesShown ||
+           editor_->document()->characterCount() > int{2 * kMostBytesShown} ||
+           editor_->blockCount() > 2 * kMostLinesShown;
+}
+
+// Leaves the person at the place that is being read.
+void TextPane::StopHere() {
+    Insert(QLatin1Char('\n') + Notice(pending_.size()));
+    pending_.clear();
+    pendingLines_ = 0;
+    stopped_ = true;
+}
+
 void TextPane::Flush() {
     if (editor_ == nullptr) return;
     const bool follow = replace_ ? followEnd_ : StandsAtEnd(*editor_);
     if (std::exchange(replace_, false)) {
-        editorEndsWithReturn_ = false;
-        editor_->setPlainText(ForEditor(store_.Text(), 0));
+        Replace();
     } else {
-        Insert(pending_);
+        Insert(ForEditor(pending_, editor_->document()->lastBlock().length() - 1));
     }
     pending_.clear();
+    pendingLines_ = 0;
     if (follow) ShowEnd(*editor_);
 }
 
+void TextPane::Replace() {
+    const std::string_view text = store_.Text();
+    const std::string_view shown = followEnd_ ? Ending(text) : Beginning(text);
+    const bool cut = shown.size() < text.size();
+    stopped_ = cut && !followEnd_;
+    editorEndsWithReturn_ = false;
+    QString lines = ForEditor(shown, 0);
+    if (cut) {
+        const QString notice = Notice(text.size() - shown.size());
+        followEnd_ ? lines.prepend(notice + QLatin1Char('\n'))
+                   : lines.append(QLatin1Char('\n') + notice);
+    }
+    editor_->setPlainText(lines);
+}
+
 // Adds at the end of the last line, beside the person's own selection.
-void TextPane::Insert(std::string_view text) {
+void TextPane::Insert(const QString& text) {
     QTextCursor cursor(editor_->document());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(ForEditor(text, cursor.positionInBlock()));
+    cursor.insertText(text);
 }
 
 // The text with line feeds for line ends and with too long lines broken. `column` is the length of

@@ -2,6 +2,7 @@
 
 #include <QtCore/QTimer>
 #include <QtGui/QFont>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,9 @@ class QWidget;
 namespace platform::desktop {
 
 /// The text of a text window. The text itself is kept here; the editor that shows it is made with
-/// the window's widgets and follows in steps that a person can see, however often text comes.
-/// Main thread.
+/// the window's widgets and follows in steps that a person can see, however often text comes. Of a
+/// text that is too long it shows the beginning or, while it stands at the end, the end, and a line
+/// that says so. Main thread.
 class TextPane : public TextView {
   public:
     TextPane();
@@ -36,13 +38,18 @@ class TextPane : public TextView {
   private:
     void ChangedWholly();
     void ScheduleFlush();
-    void Insert(std::string_view text);
+    [[nodiscard]] bool TooMuch() const;
+    void StopHere();
+    void Replace();
+    void Insert(const QString& text);
     [[nodiscard]] QString ForEditor(std::string_view text, qsizetype column);
 
     TextStore store_;
-    std::string pending_;    // the end of the text, which the editor lacks
-    bool replace_ = false;   // the editor lacks the whole text
+    std::string pending_;            // the end of the text, which the editor lacks
+    std::int64_t pendingLines_ = 0;  // line ends in it
+    bool replace_ = false;           // the editor lacks the whole text
     bool followEnd_ = true;  // the editor shall show the end of the text that replaces its own
+    bool stopped_ = false;   // the editor shows a beginning and does not take what comes after it
     bool editorEndsWithReturn_ = false;
     QFont font_;
     QPlainTextEdit* editor_ = nullptr;

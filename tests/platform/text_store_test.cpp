@@ -1,0 +1,60 @@
+#include "platform/text_store.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/desktop/text_excerpt.h"
+
+namespace {
+
+using namespace platform::desktop;
+
+std::string Repeated(const std::string& text, std::size_t times) {
+    std::string all;
+    for (; times > 0; --times) all += text;
+    return all;
+}
+
+}  // namespace
+
+TEST(TextStores, KeepTheNewestLines) {
+    struct Row {
+        std::int64_t Limit;
+        std::vector<std::string> Appended;
+        std::string Kept;
+    };
+    for (const Row& row :
+         {Row{0, {"a\n", "b\nc"}, "a\nb\nc"}, Row{3, {"a\nb\n", "c"}, "a\nb\nc"},
+          Row{3, {"a\nb\n", "c\n"}, "b\nc\n"},  // the last line is empty
+          Row{2, {"a\rb\r\n", "c\nd"}, "c\nd"}, Row{2, {"a\r", "\nb\r", "\n"}, "b\r\n"},
+          Row{1, {"a\r", "\nb"}, "b"}, Row{1, {"a", "b\n\n\n", "c"}, "c"}}) {
+        TextStore store;
+        store.SetLimit(row.Limit);
+        for (const std::string& text : row.Appended) store.Append(text);
+        EXPECT_EQ(store.Text(), row.Kept);
+        store.Set("old\nnew");  // counts anew
+        EXPECT_EQ(store.Text(), row.Limit == 1 ? "new" : "old\nnew");
+    }
+    TextStore store;
+    store.Append("a\nb\n");
+    store.SetLimit(2);
+    EXPECT_EQ(store.Text(), "b\n");
+    store.SetLimit(0);
+    store.Append("c\nd\ne");
+    EXPECT_EQ(store.Text(), "b\nc\nd\ne");
+}
+
+TEST(TextExcerpts, AreWholeCharactersAndNotTooManyLines) {
+    const std::string line = "äöü\r\n";
+    const std::string many = Repeated(line, kMostLinesShown + 5);
+    EXPECT_EQ(Beginning(line), line);
+    EXPECT_EQ(Ending(line), line);
+    EXPECT_EQ(Beginning(many), Repeated(line, kMostLinesShown));
+    EXPECT_EQ(Ending(many), Repeated(line, kMostLinesShown - 1));
+    const std::string longLine = "x" + Repeated("€", kMostBytesShown / 3 + 9) + "x";
+    EXPECT_EQ(Beginning(longLine), "x" + Repeated("€", (kMostBytesShown - 1) / 3));
+    EXPECT_EQ(Ending(longLine), Repeated("€", (kMostBytesShown - 1) / 3) + "x");
+    EXPECT_EQ(Beginning(std::string(2 * kMostBytesShown, '\x80')), "");
+}
