@@ -14,7 +14,8 @@ class Pasteboard {
   public:
     virtual ~Pasteboard() = default;
 
-    /// No value when the pasteboard holds no text.
+    /// No value when the pasteboard holds no text. Of a text that is too long to come without a
+    /// pause the first megabytes, and a line that says so.
     [[nodiscard]] virtual std::optional<std::string> Text() = 0;
     virtual void Clear() = 0;
     virtual void SetText(std::string_view text) = 0;

@@ -14,22 +14,35 @@ namespace platform::desktop {
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{300};
+constexpr qsizetype kMostText = 8 << 20;
+
+// The end of a text that was cut may be half a character.
+std::string Shortened(QString text, bool cut) {
+    cut = cut || text.size() > kMostText;
+    if (!cut) return FromQt(text);
+    text.truncate(kMostText);
+    text.chop(1);
+    return FromQt(text + QStringLiteral("\n… (gekürzt: die Zwischenablage enthält mehr)"));
+}
 
 // The window library waits for seconds, and serves nothing meanwhile, when the program that owns
-// the clipboard is stuck.
-bool OwnerIsStuck(const QClipboard& clipboard) {
-    return !clipboard.ownsClipboard() && QGuiApplication::platformName() == QLatin1String("xcb") &&
-           !ClipboardOwnerAnswers(kPatience);
+// the clipboard is stuck or what it holds is large.
+bool AskedBetterByUs(const QClipboard& clipboard) {
+    return !clipboard.ownsClipboard() && QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
 }  // namespace
 
 std::optional<std::string> Clipboard::Text() {
     const QClipboard& clipboard = *QGuiApplication::clipboard();
-    if (OwnerIsStuck(clipboard)) return std::nullopt;
+    if (AskedBetterByUs(clipboard)) {
+        const ClipboardAnswer answer = AskClipboardText(kMostText, kPatience);
+        if (!answer.Given) return std::nullopt;
+        if (answer.Text) return Shortened(ToQt(*answer.Text), answer.Cut);
+    }
     const QMimeData* const data = clipboard.mimeData();
     if (data == nullptr || !data->hasText()) return std::nullopt;
-    return FromQt(data->text());
+    return Shortened(data->text(), false);
 }
 
 void Clipboard::Clear() {

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -104,6 +105,27 @@ TEST_F(Menus, TextWindowsShowAndGiveTheirText) {
 
     Command("front 8");
     EXPECT_FALSE(screen.WindowTitled("Zwischenablage").empty());
+}
+
+TEST_F(Menus, PasteboardStaysUsableWithAHugeOrStuckOwner) {
+    const std::string path = testing::TempDir() + "korvandi_huge.txt";
+    constexpr std::size_t kSize = 12'000'000;
+    std::ofstream(path) << std::string(kSize, 'x');
+    OpenProbe();
+    const Program owner({"xclip", "-quiet", "-selection", "clipboard", path}, screen.Display());
+    EXPECT_TRUE(Eventually([&] { return !screen.Clipboard("TARGETS").empty(); }));
+    Command("front 8");
+    probe->Say("pasted");
+    const std::string pasted = probe->Line("probe: pasted").value_or("");
+    EXPECT_LT(std::atol(pasted.c_str() + 14), 9'000'000);
+    EXPECT_TRUE(pasted.ends_with(" … (gekürzt: die Zwischenablage enthält mehr)")) << pasted;
+
+    owner.Signal(SIGSTOP);
+    Command("front 8");
+    probe->Say("pasted");
+    EXPECT_EQ(probe->Line("probe: pasted"), "probe: pasted 0 ");
+    owner.Signal(SIGCONT);
+    std::filesystem::remove(path);
 }
 
 TEST_F(Menus, PanelsGivePathsAndCancel) {

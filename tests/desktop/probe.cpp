@@ -148,6 +148,10 @@ void Obey(std::istringstream line) {
     if (word == "save") {
         Answer("path " + t_SaveFileDialog("Brief.txt", "Datei sichern", "Wohin?", "txt, ,md"));
     }
+    if (word == "pasted") {
+        const std::string text = platform::AskMain([] { return t_WindowTextView(8)->Text(); });
+        Answer(toolkit::Joined("pasted ", text.size(), " ", text.substr(text.rfind('\n') + 1)));
+    }
     if (word == "print") {
         platform::RunOnMain([] { t_WindowTextView(9)->AppendText("Erste Zeile\nZweite Zeile\n"); });
     }
