@@ -91,7 +91,7 @@ class HeadlessView final : public View, private Canvas {
 class HeadlessText : public TextStore {
   public:
     HeadlessText& operator=(std::string_view text) {
-        Set(text);
+        Set(std::string(text));
         return *this;
     }
     operator std::string_view() const { return Text(); }
@@ -179,8 +179,8 @@ class Headless final : public Application,
     // What the person does.
     MenuBar Menu;
     void Choose(std::string_view menu, std::string_view item);  // nothing for a disabled one
-    std::vector<std::vector<std::string>> OpenAnswers;    // taken from the front
-    std::vector<std::optional<std::string>> SaveAnswers;  // taken from the front
+    std::vector<std::vector<std::string>> OpenAnswers;          // taken from the front
+    std::vector<std::optional<std::string>> SaveAnswers;        // taken from the front
     std::function<void()> OnPanel;  // called while an open or save panel is shown
     std::vector<OpenPanel> OpenPanelsRun;
     std::vector<SavePanel> SavePanelsRun;

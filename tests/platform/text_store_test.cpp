@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "platform/desktop/text_excerpt.h"
 
@@ -19,25 +18,8 @@ std::string Repeated(const std::string& text, std::size_t times) {
 
 }  // namespace
 
-TEST(TextStores, KeepTheNewestLines) {
-    struct Row {
-        std::int64_t Limit;
-        std::vector<std::string> Appended;
-        std::string Kept;
-    };
-    for (const Row& row :
-         {Row{0, {"a\n", "b\nc"}, "a\nb\nc"}, Row{3, {"a\nb\n", "c"}, "a\nb\nc"},
-          Row{3, {"a\nb\n", "c\n"}, "b\nc\n"},  // the last line is empty
-          Row{2, {"a\rb\r\n", "c\nd"}, "c\nd"}, Row{2, {"a\r", "\nb\r", "\n"}, "b\r\n"},
-          Row{1, {"a\r", "\nb"}, "b"}, Row{1, {"a", "b\n\n\n", "c"}, "c"}}) {
-        TextStore store;
-        store.SetLimit(row.Limit);
-        for (const std::string& text : row.Appended) store.Append(text);
-        EXPECT_EQ(store.Text(), row.Kept);
-        store.Set("old\nnew");  // counts anew
-        EXPECT_EQ(store.Text(), row.Limit == 1 ? "new" : "old\nnew");
-    }
-    TextStore store;
+TEST(TextStores, CountAnewForANewLimit) {
+    platform::TextStore store;
     store.Append("a\nb\n");
     store.SetLimit(2);
     EXPECT_EQ(store.Text(), "b\n");
