@@ -73,6 +73,17 @@ TEST_F(MainQueues, ServeWorkInItsOrderAlsoWhileAPieceRuns) {
     EXPECT_GE(wakes, 4);  // once more for what was left when the first piece was taken
 }
 
+TEST_F(MainQueues, WakeWhoeverWaitsForWork) {
+    for (int round = 0; round < 50 && !HasFailure(); ++round) {
+        std::thread other([this] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));  // until somebody waits
+            queue.Async([] {});
+        });
+        RunOne();
+        other.join();
+    }
+}
+
 TEST_F(MainQueues, TellWaitersThatTheyWereClosed) {
     bool ran = false;
     std::atomic<int> refused = 0;
