@@ -1,11 +1,14 @@
 #include "app/interface.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
 #include "app/console_feed.h"
 #include "app/menus.h"
 #include "app/program_name.h"
+#include "app/zoom.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
@@ -134,7 +137,6 @@ void AddMainWindow(AppDelegate& delegate) {
 
 constexpr std::int64_t kRefreshRates[] = {10, 15, 30, 60};
 constexpr std::int64_t kUsualRate = 2;  // index of the rate that windows open with
-constexpr std::int64_t kScalesInPercent[] = {100, 150, 200, 300};
 
 template <typename Act>
 void ForEachOpenWindow(const Act& act) {
@@ -161,10 +163,25 @@ void SetRefreshRate(std::int64_t rate) {
     ForEachOpenWindow([rate](std::uint8_t /*n*/, t_Window& w) { w.RefreshRate = rate; });
 }
 
-void SetScale(std::int64_t percent) {
-    ForEachOpenWindow([percent](std::uint8_t n, const t_Window& w) {
-        t_WindowSize(n, -1, -1, w.Width * percent / 100, w.Height * percent / 100);
+template <typename Zoom>
+void ZoomOpenWindows(const Zoom& zoom) {
+    ForEachOpenWindow([&zoom](std::uint8_t n, const t_Window& /*w*/) {
+        if (platform::Window* const host = t_WindowHostWindow(n)) zoom(*host);
     });
+}
+
+FormRow ZoomChoice() {
+    const auto usual = std::ranges::find(kZoomsInPercent, 100) - std::begin(kZoomsInPercent);
+    FormRow row = Choice(
+        "Größe der offenen Grafikfenster", kZoomsInPercent, " %", usual, [](std::int64_t percent) {
+            ZoomOpenWindows(
+                [percent](platform::Window& window) { SetZoomPercent(window, percent); });
+        });
+    row.Options.emplace_back("Einpassen");
+    row.Changed = [toPercent = std::move(row.Changed)](std::int64_t index) {
+        index == std::ssize(kZoomsInPercent) ? ZoomOpenWindows(ZoomToFit) : toPercent(index);
+    };
+    return row;
 }
 
 FormRow SoundSwitch() {
@@ -180,7 +197,7 @@ void AddPreferencesWindow(toolkit::Outlets& outlets) {
         {
             Words(FormRow::Kind::Heading, "Einstellungen"),
             SoundSwitch(),
-            Choice("Größe der offenen Grafikfenster", kScalesInPercent, " %", 0, SetScale),
+            ZoomChoice(),
             Choice("Bilder je Sekunde", kRefreshRates, "", kUsualRate, SetRefreshRate),
             Words(FormRow::Kind::Label,
                   "Gilt für die offenen Grafikfenster, bis " + ProgramName() + " endet."),

@@ -9,6 +9,7 @@
 #include "app/about.h"
 #include "app/app_delegate.h"
 #include "app/program_name.h"
+#include "app/zoom.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/window/host_windows.h"
@@ -93,6 +94,20 @@ constexpr ItemRow kEditItems[] = {
     {"Fensterfunktion ausführen", 113, "f", IsGraphic},
 };
 
+// What the platform does with the window in front; no action of the toolkit.
+struct ZoomRow {
+    std::string_view Title;
+    std::string_view Key;
+    void (*Act)(platform::Window& window);
+};
+
+constexpr ZoomRow kZoomItems[] = {
+    {"Vergrößern", "+", ZoomIn},
+    {"Verkleinern", "-", ZoomOut},
+    {"Originalgröße", "0", [](platform::Window& window) { SetZoomPercent(window, 100); }},
+    {"Einpassen", "", ZoomToFit},
+};
+
 constexpr ItemRow kWindowItems[] = {
     {"Alle Fenster ausblenden", 200, "h", AnyIsVisible},
     {"Vorderstes Fenster ausblenden", 201, "w", IsVisible},
@@ -142,10 +157,9 @@ void AddItem(platform::Menu& menu, const ItemRow& row) {
 }
 
 template <std::size_t Rows>
-platform::Menu& AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
+void AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
     platform::Menu& menu = platform::Current().Menus->Add(title);
     for (const ItemRow& row : rows) AddItem(menu, row);
-    return menu;
 }
 
 // An item of the application itself, which the toolkit has no action for.
@@ -168,7 +182,17 @@ void AddProgramMenu(AppDelegate& delegate, const std::string& name) {
     menu.Add(OwnItem(name + " beenden", "q", [] { platform::Current().App->Terminate(); }));
 }
 
-void AddGraphicWindows(platform::Menu& menu) {
+void AddZoomItems(platform::Menu& menu) {
+    for (const ZoomRow& row : kZoomItems) {
+        MenuItem& item = menu.Add(OwnItem(row.Title, row.Key, [act = row.Act] {
+            if (platform::Window* const front = platform::Current().App->MainWindow()) act(*front);
+        }));
+        item.CanBeChosen = [](const MenuItem& /*item*/) { return IsGraphic(t_FrontWindow()); };
+    }
+    menu.AddSeparator();
+}
+
+void AddGraphicWindowItems(platform::Menu& menu) {
     for (std::uint8_t n = 0; n < kGraphicWindows; ++n) {
         const std::string name = toolkit::Joined("Grafikfenster ", n);
         const std::int64_t tag = kFirstGraphicTag + std::int64_t{2} * n;
@@ -177,11 +201,18 @@ void AddGraphicWindows(platform::Menu& menu) {
     }
 }
 
+void AddWindowMenu() {
+    platform::Menu& menu = platform::Current().Menus->Add("Fenster");
+    AddZoomItems(menu);
+    for (const ItemRow& row : kWindowItems) AddItem(menu, row);
+    AddGraphicWindowItems(menu);
+}
+
 }  // namespace
 
 void BuildMenus(AppDelegate& delegate) {
     AddProgramMenu(delegate, ProgramName());
     AddMenu("Ablage", kFileItems);
     AddMenu("Bearbeiten", kEditItems);
-    AddGraphicWindows(AddMenu("Fenster", kWindowItems));
+    AddWindowMenu();
 }

@@ -50,6 +50,21 @@ class Window {
     virtual void SetStyleMask(std::int64_t mask) = 0;
     /// What is seen where no view stands.
     virtual void SetBackgroundColor(Color color) = 0;
+
+    /// How many times as large as its frame a graphic window is shown; 1 for other windows.
+    ///
+    /// Zoom is a matter of showing. Frames, screen sizes and the places of clicks are those of the
+    /// window at zoom 1; what stands above the content is not zoomed. The window is shown about the
+    /// centre of its frame and moved so that its screen shows all of it; where the person moves it,
+    /// its frame moves along. It shrinks by itself to fit its screen. Pulling a side zooms, and
+    /// where it cannot have its proportions the picture stands in the middle.
+    [[nodiscard]] virtual double Zoom() const = 0;
+    /// The largest zoom at which the screen shows all of the window.
+    [[nodiscard]] virtual double LargestZoom() const = 0;
+    /// What the person chose, 1 until then: the window is shown at this zoom wherever it fits its
+    /// screen, at the largest one elsewhere. Does nothing for other windows and for numbers that
+    /// are not above 0.
+    virtual void SetZoom(double zoom) = 0;
 };
 
 /// A text that scrolls, inside a text window. All texts are UTF-8.
@@ -130,7 +145,8 @@ class WindowMaker {
   public:
     virtual ~WindowMaker() = default;
 
-    /// A window of fixed size around one view that `client` draws. The client must outlive it.
+    /// A window around one view that `client` draws; it is sized by zoom. The client must outlive
+    /// it.
     virtual GraphicWindowParts MakeGraphicWindow(ViewClient& client) = 0;
     /// A text window that the person may size; `width` and `height` are the content's, in points.
     virtual TextWindowParts MakeTextWindow(std::string_view title, double width, double height,

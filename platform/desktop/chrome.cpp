@@ -7,7 +7,6 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStyle>
 #include <chrono>
-#include <cmath>
 
 #include "platform/desktop/desk.h"
 #include "platform/desktop/display.h"
@@ -24,16 +23,17 @@ int MeasureMenuBar() {
     return bar.sizeHint().height();
 }
 
-int MeasureTitleBar() {
+QMargins MeasureFrame() {
     if (QGuiApplication::platformName() != QLatin1String("xcb")) {
         QWindow window;
         window.create();
-        return window.frameMargins().top();
+        return window.frameMargins();
     }
-    const std::optional<int> pixels = AskTitleBarHeight(std::chrono::milliseconds(200));
-    if (!pixels) return QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const std::optional<FrameSides> pixels = AskFrameSides(std::chrono::milliseconds(200));
+    if (!pixels) return {0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0};
     const double scale = QGuiApplication::primaryScreen()->devicePixelRatio();
-    return static_cast<int>(std::lround(*pixels / scale));
+    return (QMarginsF(pixels->Left, pixels->Top, pixels->Right, pixels->Bottom) / scale)
+        .toMargins();
 }
 
 }  // namespace
@@ -47,14 +47,15 @@ int Chrome::MenuBar() {
     return menuBar_;
 }
 
-int Chrome::TitleBar() {
-    if (titleBar_ == kUnknown) titleBar_ = MeasureTitleBar();
-    return titleBar_;
+const QMargins& Chrome::Frame() {
+    if (frame_.top() == kUnknown) frame_ = MeasureFrame();
+    return frame_;
 }
 
-void Chrome::TitleBarSeen(int height) {
-    if (height == TitleBar()) return;
-    titleBar_ = height;
+void Chrome::FrameSeen(const QMargins& frame) {
+    const int before = TitleBar();
+    frame_ = frame;
+    if (TitleBar() == before) return;
     Desk& desk = TheDesk();
     for (HostWindow* const window : desk.Windows) window->TitleBarDidChange();
     if (desk.Client != nullptr && !desk.Ending) {

@@ -1,27 +1,30 @@
 #pragma once
 
+#include <QtCore/QMargins>
+
 namespace platform::desktop {
 
-/// The heights of what stands above the content of a titled window, in points: the title bar, which
-/// the window manager draws, and the menu bar. They are the same for all windows. Main thread.
+/// What stands around the content of a titled window, in points: the frame that the window manager
+/// draws, its title bar above, and the menu bar. It is the same for all windows. Main thread.
 class Chrome {
   public:
-    /// Finds both heights out. Otherwise done when one is asked for.
+    /// Finds out how large all of it is. Otherwise done when something is asked for.
     void Measure();
     /// Title bar and menu bar together.
     [[nodiscard]] int Height() { return TitleBar() + MenuBar(); }
     [[nodiscard]] int MenuBar();
+    [[nodiscard]] int TitleBar() { return Frame().top(); }
     /// As asked of the window manager at first, then as seen at the windows.
-    [[nodiscard]] int TitleBar();
+    [[nodiscard]] const QMargins& Frame();
 
-    /// A shown window has this much above it. Tells the client when that is news.
-    void TitleBarSeen(int height);
+    /// A shown window has this frame. Tells the client when its title bar's height is news.
+    void FrameSeen(const QMargins& frame);
 
   private:
     static constexpr int kUnknown = -1;
 
     int menuBar_ = kUnknown;
-    int titleBar_ = kUnknown;
+    QMargins frame_{0, kUnknown, 0, 0};
 };
 
 }  // namespace platform::desktop

@@ -16,6 +16,7 @@
 
 #include "platform/desktop/desk.h"
 #include "platform/desktop/host_window.h"
+#include "platform/desktop/placing.h"
 #include "platform/desktop/wake_event.h"
 #include "platform/main_queue.h"
 #include "platform/thread.h"
@@ -130,6 +131,7 @@ void DesktopApplication::Run(ApplicationClient& client) {
     TheDesk().Client = &client;
     on_exit(EndAtExit, nullptr);
     TheDesk().Above.Measure();
+    WatchScreens();
     client.applicationWillFinishLaunching();
     client.applicationDidFinishLaunching();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, TellActivity);

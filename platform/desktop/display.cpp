@@ -332,21 +332,22 @@ class Transfer : public QObject {
 
 }  // namespace
 
-std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience) {
+std::optional<FrameSides> AskFrameSides(std::chrono::milliseconds patience) {
     const auto until = std::chrono::steady_clock::now() + patience;
     const Connection connection = Connect();
     if (connection == nullptr) return std::nullopt;
     const xcb_screen_t& screen = FirstScreen(connection.get());
-    if (!WindowManagerRuns(connection.get(), screen)) return 0;
+    if (!WindowManagerRuns(connection.get(), screen)) return FrameSides{};
     if (!WindowManagerAnswers(connection.get(), screen)) return std::nullopt;
 
     const xcb_window_t window = MakeHiddenWindow(connection.get(), screen);
     const xcb_atom_t extents = Atom(connection.get(), "_NET_FRAME_EXTENTS");
     RequestExtents(connection.get(), screen, window);
-    constexpr std::size_t kTop = 2;  // left, right, top, bottom
     while (NextEvent(connection.get(), until) != nullptr) {
         const std::vector<std::uint32_t> sides = Numbers(connection.get(), window, extents);
-        if (sides.size() > kTop) return static_cast<int>(sides[kTop]);
+        if (sides.size() < 4) continue;
+        const auto side = [&](std::size_t i) { return static_cast<int>(sides[i]); };
+        return FrameSides{.Left = side(0), .Right = side(1), .Top = side(2), .Bottom = side(3)};
     }
     return std::nullopt;
 }

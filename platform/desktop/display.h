@@ -18,10 +18,18 @@ namespace platform::desktop {
 /// The window library has its own connection now.
 void LetGoOfDisplay();
 
-/// Height in device pixels of what the running window manager puts above a titled window, asked for
-/// a window that is not shown. 0 without a window manager; no value when the manager does not
-/// answer within `patience`, or when there is no X display.
-[[nodiscard]] std::optional<int> AskTitleBarHeight(std::chrono::milliseconds patience);
+/// What a window manager puts around a titled window, in device pixels.
+struct FrameSides {
+    int Left = 0;
+    int Right = 0;
+    int Top = 0;
+    int Bottom = 0;
+};
+
+/// What the running window manager puts around a titled window, asked for a window that is not
+/// shown. Nothing without a window manager; no value when the manager does not answer within
+/// `patience`, or when there is no X display.
+[[nodiscard]] std::optional<FrameSides> AskFrameSides(std::chrono::milliseconds patience);
 
 /// What the program that owns the clipboard of the X display says when it is asked for its text.
 struct ClipboardAnswer {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/desktop/graphic_window.h"
+#include "platform/desktop/placing.h"
 #include "platform/desktop/view_widget.h"
 
 namespace platform::desktop {
@@ -63,17 +64,36 @@ Window* GraphicView::HostWindow() {
 void GraphicView::SetFrameSize(double width, double height) {
     frame_.Width = width;
     frame_.Height = height;
-    if (widget_ != nullptr) widget_->LayOut();
+    LayOut();
 }
 
 void GraphicView::SetFrameOrigin(double x, double y) {
     frame_.X = x;
     frame_.Y = y;
-    if (widget_ != nullptr) widget_->LayOut();
+    LayOut();
 }
 
 void GraphicView::MakeWidget(QWidget& content) {
     widget_ = new ViewWidget(*this, client_, content);
+}
+
+void GraphicView::LayOut() {
+    if (widget_ != nullptr) widget_->LayOut();
+}
+
+QRect GraphicView::PlaceIn(const QSize& widget) const {
+    const QSize content = window_.ContentSize();
+    const double zoom = LargestZoomIn({QPoint(0, 0), widget}, content, 0);
+    const auto left = [&](double x) {
+        return static_cast<int>(
+            std::lround(widget.width() / 2.0 + (x - content.width() / 2.0) * zoom));
+    };
+    const auto top = [&](double y) {
+        return static_cast<int>(
+            std::lround(widget.height() / 2.0 + (content.height() / 2.0 - y) * zoom));
+    };
+    const QPoint corner(left(frame_.X), top(frame_.Y + frame_.Height));
+    return {corner, QSize(left(frame_.X + frame_.Width) - corner.x(), top(frame_.Y) - corner.y())};
 }
 
 void GraphicView::Paint(QWidget& widget) {

@@ -26,6 +26,12 @@ class GraphicView : public View, private Canvas {
     /// Makes the widget inside the window's content.
     void MakeWidget(QWidget& content);
 
+    /// Gives the widget the place that the view has now.
+    void LayOut();
+    /// The place of the view where the window's content is shown in a widget of this size: as large
+    /// as its proportions allow, in the middle.
+    [[nodiscard]] QRect PlaceIn(const QSize& widget) const;
+
     /// One paint event of the widget: a display pass when one is still due, and the picture.
     void Paint(QWidget& widget);
 

@@ -1,5 +1,7 @@
 #include "platform/desktop/graphic_window.h"
 
+#include "platform/desktop/placing.h"
+
 namespace platform::desktop {
 
 namespace {
@@ -8,10 +10,12 @@ namespace {
 constexpr int kWidth = 640;
 constexpr int kHeight = 400;
 
+constexpr double kSmallestZoom = 0.25;  // that a person can pull the window to
+
 }  // namespace
 
 GraphicWindow::GraphicWindow(ViewClient& client)
-    : HostWindow({}, {kWidth, kHeight}, Sizing::Fixed, Keys::Program),
+    : HostWindow({}, {kWidth, kHeight}, Sizing::ByZoom, Keys::Program),
       view_(*this, client, {0, 0, kWidth, kHeight}) {
     SetBackgroundColor({255, 0, 0, 0});
     client.awakeFromNib();
@@ -19,6 +23,14 @@ GraphicWindow::GraphicWindow(ViewClient& client)
 
 void GraphicWindow::Fill(QWidget& content) {
     view_.MakeWidget(content);
+}
+
+void GraphicWindow::ContentDidResize(QSize /*before*/) {
+    view_.LayOut();
+}
+
+QSize GraphicWindow::SmallestContent() const {
+    return Zoomed(ContentSize(), kSmallestZoom);
 }
 
 }  // namespace platform::desktop

@@ -5,7 +5,7 @@
 
 namespace platform::desktop {
 
-/// A window of fixed size around one drawing area. Main thread.
+/// A window around one drawing area, sized by zoom. Main thread.
 class GraphicWindow : public HostWindow {
   public:
     explicit GraphicWindow(ViewClient& client);
@@ -14,6 +14,8 @@ class GraphicWindow : public HostWindow {
 
   private:
     void Fill(QWidget& content) override;
+    void ContentDidResize(QSize before) override;
+    [[nodiscard]] QSize SmallestContent() const override;
 
     GraphicView view_;
 };

@@ -6,10 +6,11 @@
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "platform/desktop/desk.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/seam_rect.h"
 #include "platform/desktop/text.h"
 
 namespace platform::desktop {
@@ -22,32 +23,14 @@ HostWindow* lastActive = nullptr;
 // another place may be older than the request.
 constexpr int kSettleMs = 300;
 
+// How often a place is asked for: the frame may have come late the first time.
+constexpr int kRequests = 2;
+
+constexpr double kLargestZoom = 16;
+constexpr int kBorderlessGrip = 20;  // of a window without a title bar, in points
+
 constexpr int kExposureMs = 100;
 constexpr unsigned long kExposureStepUs = 500;
-
-// The seam's origin is the lower left corner of the first screen.
-QPoint Origin() {
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    return {screen.left(), screen.top() + screen.height()};
-}
-
-Rect ToSeam(const QRect& rect) {
-    const QPoint origin = Origin();
-    return {static_cast<double>(rect.left() - origin.x()),
-            static_cast<double>(origin.y() - rect.top() - rect.height()),
-            static_cast<double>(rect.width()), static_cast<double>(rect.height())};
-}
-
-int Whole(double value) {
-    constexpr double kLargest = 1 << 20;
-    return static_cast<int>(std::lround(std::clamp(value, -kLargest, kLargest)));
-}
-
-QRect FromSeam(const Rect& rect) {
-    const QPoint origin = Origin();
-    return {origin.x() + Whole(rect.X), origin.y() - Whole(rect.Y) - Whole(rect.Height),
-            Whole(rect.Width), Whole(rect.Height)};
-}
 
 // Wayland tells no program where its windows are.
 bool PlacesAreReal() {
@@ -141,8 +124,30 @@ void HostWindow::SetBackgroundColor(Color color) {
     ApplyBackground();
 }
 
+double HostWindow::Zoom() const {
+    if (sizing_ != Sizing::ByZoom) return 1;
+    if (shown_.isEmpty()) return FittingZoom();
+    return LargestZoomIn(shown_, ContentSize(), 0);
+}
+
+double HostWindow::LargestZoom() const {
+    return sizing_ == Sizing::ByZoom ? LargestZoomIn(Room(), ContentSize(), HeightAbove()) : 1;
+}
+
+void HostWindow::SetZoom(double zoom) {
+    if (sizing_ != Sizing::ByZoom || !(zoom > 0)) return;
+    zoom_ = std::min(zoom, kLargestZoom);
+    pulled_.reset();
+    if (widget_ == nullptr) return;
+    Arrange(InRoom(PlaceToShow()));
+}
+
 void HostWindow::TitleBarDidChange() {
     if (centred_ && titled_) Center();
+}
+
+void HostWindow::ScreensDidChange() {
+    if (visible_ && !IsMaximized() && !StandsWell()) Arrange(PlaceToShow());
 }
 
 void HostWindow::WaitForExposure() {
@@ -175,8 +180,8 @@ void HostWindow::CloseRequested() {
 }
 
 void HostWindow::GeometryChanged() {
-    if (!visible_ || (placed_ && settle_.isActive())) return;
-    Adopt();
+    if (!visible_ || requests_ > 0) return;
+    Adopt(SeenContent());
     settle_.start(kSettleMs);
 }
 
@@ -205,19 +210,20 @@ void HostWindow::MakeWidget() {
     widget_->SetMenuBarHeight(titled_ ? TheDesk().Above.MenuBar() : 0);
     ApplyBackground();
     Fill(widget_->Content());
+    shown_ = PlaceToShow();
     ApplyPlace();
 }
 
 void HostWindow::Show(bool activate) {
     MakeWidget();
     if (!visible_) {
+        if (!everPlaced_) KeepInRoom();
         if (!everPlaced_) Center();
         WillShow();
-        ApplyPlace();
+        if (!StandsWell()) shown_ = PlaceToShow();
         visible_ = true;
         exposureDue_ = true;
-        placed_ = true;
-        settle_.start(kSettleMs);
+        Ask();
         widget_->setAttribute(Qt::WA_ShowWithoutActivating, !activate);
         if (QWindow* const native = widget_->windowHandle(); native != nullptr) {
             native->setProperty("_q_showWithoutActivating", !activate);
@@ -233,52 +239,8 @@ void HostWindow::Show(bool activate) {
 void HostWindow::Place(const QRect& content) {
     const QSize before = ContentSize();
     content_ = content;
-    placed_ = true;
-    if (visible_) settle_.start(kSettleMs);
-    if (widget_ != nullptr && (widget_->isMaximized() || widget_->isFullScreen())) {
-        widget_->setWindowState(Qt::WindowNoState);
-    }
-    ApplyPlace();
+    if (widget_ != nullptr) Arrange(PlaceToShow());
     if (before != content.size()) Resized(before);
-}
-
-void HostWindow::ApplyPlace() {
-    if (widget_ == nullptr) return;
-    const QRect client = Content().adjusted(0, -widget_->MenuBarHeight(), 0, 0);
-    // Freed for the change, so that place and size change in one step on the screen.
-    if (sizing_ == Sizing::Fixed && client.size() != widget_->size()) {
-        widget_->setMinimumSize(0, 0);
-        widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    }
-    widget_->setGeometry(client);
-    if (sizing_ == Sizing::Fixed) widget_->setFixedSize(client.size());
-    widget_->LayOut();
-}
-
-// What the window manager made of a request, or the person of the window.
-void HostWindow::Settle() {
-    exposureDue_ = false;
-    LookAtTitleBar();
-    if (placed_ && SeenContent() != content_) {  // ask once more: the frame may have come late
-        settle_.start(kSettleMs);
-        ApplyPlace();
-    } else {
-        Adopt();
-    }
-    placed_ = false;
-}
-
-void HostWindow::Adopt() {
-    const QRect seen = SeenContent();
-    if (seen == content_) return;
-    centred_ = false;
-    const QSize before = content_.size();
-    content_ = PlacesAreReal() ? seen : QRect(content_.topLeft(), seen.size());
-    if (before != content_.size()) Resized(before);
-}
-
-QRect HostWindow::SeenContent() const {
-    return widget_->geometry().adjusted(0, widget_->MenuBarHeight(), 0, 0);
 }
 
 void HostWindow::Resized(QSize before) {
@@ -287,12 +249,143 @@ void HostWindow::Resized(QSize before) {
     if (desk.Client != nullptr && !desk.Ending) desk.Client->windowDidResize(*this);
 }
 
+QRect HostWindow::Room() const {
+    return RoomFor(FrameRect(), titled_ ? TheDesk().Above.Frame() : QMargins(),
+                   widget_ != nullptr ? widget_->screen() : nullptr);
+}
+
+double HostWindow::FittingZoom() const {
+    return std::min(pulled_.value_or(zoom_), LargestZoom());
+}
+
+// Where the content of the frame belongs on the screen.
+QRect HostWindow::PlaceToShow() const {
+    const QRect frame = FrameRect();
+    const int above = HeightAbove();
+    const QSize size = Zoomed(ContentSize(), FittingZoom());
+    const QRect shown = size == ContentSize()
+                            ? BroughtBack(frame, Room(), Grip())
+                            : AboutCentreOf(frame, size + QSize(0, above), Room());
+    return shown.adjusted(0, above, 0, 0);
+}
+
+// A place of the content, moved so that the screen shows all of the window.
+QRect HostWindow::InRoom(const QRect& shown) const {
+    const int above = HeightAbove();
+    return MovedInto(Room(), shown.adjusted(0, -above, 0, 0)).adjusted(0, above, 0, 0);
+}
+
+bool HostWindow::StandsWell() const {
+    const QSize size = Zoomed(ContentSize(), FittingZoom());
+    return shown_.size() == size && CanBePulled(shown_.adjusted(0, -HeightAbove(), 0, 0), Grip());
+}
+
+int HostWindow::Grip() const {
+    return titled_ ? std::max(TheDesk().Above.TitleBar(), 1) : kBorderlessGrip;
+}
+
+// A window that a person may size starts no larger than the screen.
+void HostWindow::KeepInRoom() {
+    if (sizing_ != Sizing::ByPerson) return;
+    const QSize before = ContentSize();
+    const QSize size = before.boundedTo(Room().size() - QSize(0, HeightAbove()));
+    if (size == before || size.isEmpty()) return;
+    content_.setSize(size);
+    Resized(before);
+}
+
+void HostWindow::Arrange(const QRect& shown) {
+    shown_ = shown;
+    if (IsMaximized()) widget_->setWindowState(Qt::WindowNoState);
+    Ask();
+}
+
+void HostWindow::Ask() {
+    rested_ = shown_;
+    requests_ = kRequests;
+    refused_ = QSize();
+    if (visible_) settle_.start(kSettleMs);
+    ApplyPlace();
+}
+
+void HostWindow::ApplyPlace() {
+    const QSize bar(0, widget_->MenuBarHeight());
+    const QRect client = shown_.adjusted(0, -bar.height(), 0, 0);
+    // Freed for the change, so that place and size change in one step on the screen.
+    if (client.size() != widget_->size()) {
+        widget_->setMinimumSize(0, 0);
+        widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
+    widget_->setGeometry(client);
+    if (sizing_ == Sizing::Fixed) {
+        widget_->setFixedSize(client.size());
+    } else {
+        widget_->setMinimumSize(SmallestContent().boundedTo(shown_.size()) + bar);
+    }
+    widget_->LayOut();
+}
+
+bool HostWindow::IsMaximized() const {
+    return widget_->isMaximized() || widget_->isFullScreen();
+}
+
+// What the window manager made of a request, or the person of the window.
+void HostWindow::Settle() {
+    exposureDue_ = false;
+    LookAtTitleBar();
+    const QRect seen = SeenContent();
+    const bool asked = requests_ > 0 && !IsMaximized();
+    if (asked && seen != shown_ && --requests_ > 0) {
+        settle_.start(kSettleMs);
+        ApplyPlace();
+        return;
+    }
+    requests_ = 0;
+    if (asked && seen.size() != shown_.size()) {
+        refused_ = seen.size();
+        pulled_.reset();
+    } else if (asked) {
+        zoom_ = std::exchange(pulled_, std::nullopt).value_or(zoom_);
+    }
+    Adopt(seen);
+    Follow();
+}
+
+// Gives a window that is sized by zoom its proportions back: at the zoom that a person pulled it
+// to, or at the one that fits the screen that it was moved to.
+void HostWindow::Follow() {
+    const QRect from = std::exchange(rested_, shown_);
+    if (sizing_ != Sizing::ByZoom || IsMaximized() || shown_.size() == refused_) return;
+    if (shown_.size() == Zoomed(ContentSize(), FittingZoom())) return;
+    if (shown_.size() != from.size()) pulled_ = PulledZoom(ContentSize(), from, shown_);
+    Adopt(InRoom(KeepingSides(from, shown_, Zoomed(ContentSize(), FittingZoom()))));
+    Ask();
+}
+
+void HostWindow::Adopt(const QRect& seen) {
+    if (seen == shown_) return;
+    centred_ = false;
+    const QRect shown = std::exchange(shown_, seen);
+    if (sizing_ == Sizing::ByZoom) {
+        content_.translate(Way(shown, seen));
+        return;
+    }
+    const QSize before = content_.size();
+    content_ = {content_.topLeft() + seen.topLeft() - shown.topLeft(), seen.size()};
+    if (before != content_.size()) Resized(before);
+}
+
+QRect HostWindow::SeenContent() const {
+    const QRect seen = widget_->geometry().adjusted(0, widget_->MenuBarHeight(), 0, 0);
+    return PlacesAreReal() ? seen : QRect(shown_.topLeft(), seen.size());
+}
+
 // Only of windows in their usual state: a maximised one may have a thinner title bar or none.
 void HostWindow::LookAtTitleBar() {
     const QWindow* const native = widget_->windowHandle();
     if (!titled_ || !visible_ || native == nullptr || !native->isExposed()) return;
     if (native->windowStates() != Qt::WindowNoState) return;
-    TheDesk().Above.TitleBarSeen(native->frameMargins().top());
+    TheDesk().Above.FrameSeen(native->frameMargins());
 }
 
 void HostWindow::ApplyBackground() {

@@ -16,10 +16,12 @@ namespace platform::desktop {
 /// nothing but the values here; its widgets are made then. Main thread.
 ///
 /// The place of the content is what is kept, in the desktop's coordinates (origin at the upper
-/// left, y downwards). The frame follows from it and from the height of what stands above.
+/// left, y downwards). The frame follows from it and from the height of what stands above. Where
+/// and how large the content is shown is kept beside it: a window that is sized by zoom is shown so
+/// many times as large, and no window is shown where nobody could reach it.
 class HostWindow : public Window, private HostWidgetOwner {
   public:
-    enum class Sizing : std::uint8_t { Fixed, ByPerson };
+    enum class Sizing : std::uint8_t { Fixed, ByPerson, ByZoom };
 
     /// Without a size the content has the one that FirstSize gives when it is asked for.
     HostWindow(QString title, QSize content, Sizing sizing, Keys keys = Keys::Window);
@@ -35,7 +37,11 @@ class HostWindow : public Window, private HostWidgetOwner {
     void SetTitle(std::string_view title) override;
     void SetStyleMask(std::int64_t mask) override;
     void SetBackgroundColor(Color color) override;
+    [[nodiscard]] double Zoom() const override;
+    [[nodiscard]] double LargestZoom() const override;
+    void SetZoom(double zoom) override;
 
+    /// Of the frame's content, whatever the zoom.
     [[nodiscard]] QSize ContentSize() const { return Content().size(); }
 
     /// Makes what the window needs to be shown, ahead of time.
@@ -48,6 +54,9 @@ class HostWindow : public Window, private HostWidgetOwner {
     /// The height above the content of titled windows changed.
     void TitleBarDidChange();
 
+    /// A screen came, went or changed.
+    void ScreensDidChange();
+
     /// The window that was active last among ours; nullptr when it was hidden since.
     static HostWindow* LastActive();
 
@@ -59,6 +68,8 @@ class HostWindow : public Window, private HostWidgetOwner {
     virtual void ContentDidResize(QSize /*before*/) {}
     /// The window is about to be shown.
     virtual void WillShow() {}
+    /// A person cannot make the content smaller.
+    [[nodiscard]] virtual QSize SmallestContent() const { return {0, 0}; }
 
   private:
     void CloseRequested() override;
@@ -68,13 +79,25 @@ class HostWindow : public Window, private HostWidgetOwner {
     [[nodiscard]] const QRect& Content() const;
     [[nodiscard]] QRect FrameRect() const;
     [[nodiscard]] int HeightAbove() const;
+    [[nodiscard]] int Grip() const;
     void MakeWidget();
     void Show(bool activate);
     void Place(const QRect& content);
-    void ApplyPlace();
     void Resized(QSize before);
+
+    [[nodiscard]] QRect Room() const;
+    [[nodiscard]] double FittingZoom() const;
+    [[nodiscard]] QRect PlaceToShow() const;
+    [[nodiscard]] QRect InRoom(const QRect& shown) const;
+    [[nodiscard]] bool StandsWell() const;
+    void KeepInRoom();
+    void Arrange(const QRect& shown);
+    void ApplyPlace();
+    void Ask();
+    [[nodiscard]] bool IsMaximized() const;
     void Settle();
-    void Adopt();
+    void Follow();
+    void Adopt(const QRect& seen);
     [[nodiscard]] QRect SeenContent() const;
     void LookAtTitleBar();
     void ApplyBackground();
@@ -88,7 +111,13 @@ class HostWindow : public Window, private HostWidgetOwner {
     bool everPlaced_ = false;
     bool centred_ = false;      // by Center and not moved since
     bool exposureDue_ = false;  // shown, and nobody waited for it yet
-    bool placed_ = false;       // content_ was asked for and has not been seen since
+
+    QRect shown_;                   // where the content is shown; empty before it has a widget
+    QRect rested_;                  // shown_ when the window manager or a person had come to an end
+    double zoom_ = 1;               // that was chosen
+    std::optional<double> pulled_;  // the zoom that a pull asks for, until the window has its size
+    int requests_ = 0;  // 2 after shown_ was asked for, 1 after it was asked for once more
+    QSize refused_;     // the size that the window keeps whatever is asked for
     std::optional<Color> background_;
     HostWidget* widget_ = nullptr;  // lives as long as the process
     QTimer settle_;

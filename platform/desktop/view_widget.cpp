@@ -30,6 +30,11 @@ bool BelongsToProgram(const QKeyEvent& event) {
            !modifiers.testFlag(Qt::KeypadModifier);
 }
 
+// How many whole points of a view lie before a place in its widget.
+double Points(double place, double viewSize, int widgetSize) {
+    return std::floor(widgetSize > 0 ? place * viewSize / widgetSize : place);
+}
+
 }  // namespace
 
 ViewWidget::ViewWidget(GraphicView& view, ViewClient& client, QWidget& content)
@@ -47,11 +52,7 @@ ViewWidget::ViewWidget(GraphicView& view, ViewClient& client, QWidget& content)
 }
 
 void ViewWidget::LayOut() {
-    const Rect frame = view_.Frame();
-    const auto whole = [](double value) { return static_cast<int>(std::lround(value)); };
-    const int height = whole(frame.Height);
-    setGeometry(whole(frame.X), content_.height() - whole(frame.Y) - height, whole(frame.Width),
-                height);
+    setGeometry(view_.PlaceIn(content_.size()));
 }
 
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
@@ -143,13 +144,14 @@ void ViewWidget::ReleaseKey() {
     client_.keyUp();
 }
 
-// `place` counts from the upper left of the content. A press on its top row of points is at the
-// full height of the content.
+// `place` counts from the upper left of the content. A press on the topmost row of the frame's
+// points is at the full height of its content, whatever the zoom.
 void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
     if (!IsLeftOrRight(event)) return;
     MousePress press;
-    press.X = std::floor(place.x());
-    press.Y = content_.height() - std::floor(place.y());
+    const Rect frame = view_.Frame();
+    press.X = frame.X + Points(place.x() - x(), frame.Width, width());
+    press.Y = frame.Y + frame.Height - Points(place.y() - y(), frame.Height, height());
     press.Buttons = static_cast<std::int64_t>(event.buttons().toInt());
     press.ModifierFlags = FlagsOf(event.modifiers()) | (FlagsHeldNow() & kCapsLockFlag);
     if (event.button() == Qt::RightButton) {

@@ -178,6 +178,7 @@ void Headless::WindowResized(HeadlessWindow& window) {
 
 GraphicWindowParts Headless::MakeGraphicWindow(ViewClient& client) {
     HeadlessWindow& window = AddWindow(640, 480);
+    window.Zooms = true;
     views_.push_back(std::make_unique<HeadlessView>(window, client));
     return {&window, views_.back().get()};
 }
@@ -327,6 +328,21 @@ void HeadlessWindow::MakeKeyAndOrderFront() {
 void HeadlessWindow::OrderOut() {
     if (!std::exchange(visible_, false)) return;
     desktop_.WindowHidden(*this);
+}
+
+double HeadlessWindow::Zoom() const {
+    return Zooms ? std::min(zoom_, LargestZoom()) : 1;
+}
+
+double HeadlessWindow::LargestZoom() const {
+    if (!Zooms) return 1;
+    const double above = desktop_.AboveContent;
+    return std::min(desktop_.Screen.Width / frame_.Width,
+                    (desktop_.Screen.Height - above) / (frame_.Height - above));
+}
+
+void HeadlessWindow::SetZoom(double zoom) {
+    if (Zooms && zoom > 0) zoom_ = zoom;
 }
 
 void HeadlessWindow::ClickCloseBox() {

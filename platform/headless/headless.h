@@ -40,6 +40,9 @@ class HeadlessWindow final : public platform::Window {
     void SetTitle(std::string_view title) override { Title = title; }
     void SetStyleMask(std::int64_t mask) override { StyleMask = mask; }
     void SetBackgroundColor(Color color) override { Background = color; }
+    [[nodiscard]] double Zoom() const override;
+    [[nodiscard]] double LargestZoom() const override;
+    void SetZoom(double zoom) override;
 
     /// Clicks the close box: the delegate is asked, and a window that it lets go is hidden.
     void ClickCloseBox();
@@ -48,10 +51,12 @@ class HeadlessWindow final : public platform::Window {
     std::int64_t StyleMask = kTitledClosableMiniaturizable;
     Color Background;
     std::vector<FormRow> Rows;  // of a form window
+    bool Zooms = false;         // a graphic window
 
   private:
     Headless& desktop_;
     Rect frame_;
+    double zoom_ = 1;
     bool visible_ = false;
 };
 

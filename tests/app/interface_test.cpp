@@ -162,15 +162,50 @@ TEST_F(Interface, FormWindowsReachWindowsAndPreferences) {
         EXPECT_EQ(t_Windows[n].RefreshRate, 60);
     }
     EXPECT_EQ(t_Windows[1].RefreshRate, 30);
-    Change(11, "Größe der offenen Grafikfenster", 1);
-    EXPECT_EQ(View(3).Frame().Width, 60);
-    EXPECT_EQ(View(3).Frame().Height, 48);
-    EXPECT_EQ(t_Windows[3].Width, 40);
     for (const std::int64_t on : {0, 1}) {
         Change(11, "Töne", on);
         t_SysBeep();
         EXPECT_EQ(std::ssize(desktop.Played()), on);
     }
+}
+
+TEST_F(Interface, ZoomIsForTheEyesOnly) {
+    Open(3, 8, 5, 4);
+    t_WindowFront(3);
+    auto& host = Host(3);
+    const platform::Rect frame = host.Frame();
+    const std::string choice = "Größe der offenen Grafikfenster";
+    EXPECT_EQ(RowOf(11, choice).Options.at(RowOf(11, choice).Value), "100 %");
+    for (const auto& [index, zoom] : {std::pair{4, 1.5}, {0, 0.5}, {9, 0.5}}) {
+        Change(11, choice, index);
+        EXPECT_EQ(host.Zoom(), zoom) << index;
+        EXPECT_EQ(Host(1).Zoom(), 1) << "not open";
+    }
+    desktop.Screen.Width = frame.Width * 3.5;
+    for (const auto& [item, zoom] : {std::pair{"Verkleinern", 0.5},
+                                     {"Vergrößern", 0.75},
+                                     {"Vergrößern", 1.0},
+                                     {"Vergrößern", 1.25},
+                                     {"Originalgröße", 1.0},
+                                     {"Verkleinern", 0.75},
+                                     {"Einpassen", 3.5},
+                                     {"Verkleinern", 3.0},
+                                     {"Vergrößern", 3.5},
+                                     {"Vergrößern", 3.5}}) {
+        desktop.Choose("Fenster", item);
+        EXPECT_DOUBLE_EQ(host.Zoom(), zoom) << item;
+    }
+    Change(11, choice, 2);
+    Change(11, choice, 8);
+    EXPECT_DOUBLE_EQ(host.Zoom(), 3.5) << "to fit";
+    EXPECT_EQ(host.Frame(), frame);
+    EXPECT_EQ(View(3).Frame().Width, 40);
+    t_WindowFront(9);
+    desktop.Choose("Fenster", "Vergrößern");
+    EXPECT_EQ(Host(9).Zoom(), 1) << "a text";
+    desktop.ActivateOther();
+    desktop.Choose("Fenster", "Originalgröße");
+    EXPECT_DOUBLE_EQ(host.Zoom(), 3.5) << "no window in front";
 }
 
 TEST_F(Interface, TheConsoleShowsWhatIsPrinted) {

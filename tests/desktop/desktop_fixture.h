@@ -27,8 +27,8 @@ struct Place {
 };
 
 // Where the client area of a window lies on the screen.
-inline Place PlaceOf(const std::string& window) {
-    const std::string lines = Screen::Shared().Describe(window);
+inline Place PlaceOf(const std::string& window, const Screen& screen = Screen::Shared()) {
+    const std::string lines = screen.Describe(window);
     const auto number = [&](const std::string& name) {
         const std::size_t at = lines.find(name);
         return at == std::string::npos ? 0 : std::atoi(lines.c_str() + at + name.size());
@@ -54,7 +54,7 @@ inline std::string FirstDifference(const QImage& shown, const QImage& wanted) {
 
 class Desktop : public testing::Test {
   protected:
-    Desktop() { screen.Keyboard("us"); }
+    explicit Desktop(Screen& shown = Screen::Shared()) : screen(shown) { screen.Keyboard("us"); }
 
     // A probe whose window is open and has the keys.
     std::string OpenProbe() {
@@ -87,6 +87,6 @@ class Desktop : public testing::Test {
                 kWidth * scale, kHeight * scale};
     }
 
-    Screen& screen = Screen::Shared();
+    Screen& screen;
     std::optional<Program> probe;
 };

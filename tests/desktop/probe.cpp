@@ -122,6 +122,10 @@ void Obey(std::istringstream line) {
         line >> a >> b;
         t_WindowSize(0, -1, -1, a, b);
     }
+    if (word == "place") {
+        line >> a >> b;
+        t_WindowSize(0, a, b, -1, -1);
+    }
     if (word == "title") {
         line >> a;
         t_WindowTitleVisible(0, a != 0);

@@ -69,7 +69,7 @@ TEST_F(Surroundings, TheScreenMayBeSmallAndWithoutAWindowManager) {
     static_cast<void>(bare.Do("windowfocus " + window));
     EXPECT_TRUE(Eventually([&] {
         bare.Press("Return");
-        return bare.Picture().pixel(400, 300) == kDarkBlue;
+        return bare.Picture().pixel(300, 300) == kDarkBlue;
     }));
     game.Signal(SIGTERM);
     EXPECT_EQ(game.Ended(), 0);

@@ -61,6 +61,25 @@ TEST(SharpScale, AveragesWhatEveryPixelCovers) {
     }
 }
 
+// A stem one pixel wide keeps its weight, wherever it stands.
+TEST(SharpScale, KeepsThinStemsWhenItReduces) {
+    constexpr std::int64_t kSize = 64;
+    for (const int percent : {50, 57, 75}) {
+        const std::int64_t size = kSize * percent / 100;
+        SharpScaler scaler;
+        for (std::int64_t stem = 0; stem < kSize; ++stem) {
+            Picture picture{kSize, 1, kNativeWordOrder, std::vector<std::uint8_t>(4 * kSize)};
+            std::fill_n(picture.Bytes.data() + 4 * stem, 4, 255);
+            std::vector<std::uint32_t> target(static_cast<std::size_t>(size));
+            scaler.Scale(picture, size, 1, target, size);
+            std::int64_t light = 0;
+            for (const std::uint32_t pixel : target) light += pixel & 255U;
+            EXPECT_NEAR(static_cast<double>(light), 2.55 * percent, 5)
+                << "stem " << stem << " at " << percent << " %";
+        }
+    }
+}
+
 TEST(SharpScale, LeavesTheTargetAloneWhenSizesDoNotFit) {
     SharpScaler scaler;
     const Picture whole{2, 2, kNativeWordOrder, std::vector<std::uint8_t>(16, 1)};
