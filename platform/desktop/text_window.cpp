@@ -16,6 +16,9 @@ constexpr double kRoomForRuler = 15;
 constexpr double kRulerMargin = 24;
 constexpr double kRulerHeight = 19;
 
+// Still shows some lines of text and the first columns of the ruler.
+constexpr QSize kSmallestContent(320, 200);
+
 Rect Inside(const QSize& content, double margin, double roomAbove) {
     return {margin, margin, content.width() - 2 * margin,
             content.height() - 2 * margin - roomAbove};
@@ -59,6 +62,10 @@ void TextWindow::ContentDidResize(QSize before) {
     columns.Width += more.width();
     columns.Y += more.height();
     ruler_.SetFrame(columns);
+}
+
+QSize TextWindow::SmallestContent() const {
+    return kSmallestContent;
 }
 
 void TextWindow::WillShow() {

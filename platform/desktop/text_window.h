@@ -47,6 +47,7 @@ class TextWindow : public HostWindow {
     void Fill(QWidget& content) override;
     void ContentDidResize(QSize before) override;
     void WillShow() override;
+    [[nodiscard]] QSize SmallestContent() const override;
 
     bool hasRuler_;
     TextPane text_;

@@ -67,6 +67,8 @@ TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
         screen.Press(row.Key);
         const std::string shown = screen.WindowTitled(row.Title);
         EXPECT_FALSE(shown.empty()) << row.Title;
+        const Place at = PlaceOf(shown);
+        EXPECT_NEAR(2 * at.X + at.Width, 1600, 4) << row.Title << " starts in the middle";
         Focus(shown);
     }
     screen.Press("ctrl+shift+h");
@@ -102,6 +104,10 @@ TEST_F(Menus, TextWindowsShowAndGiveTheirText) {
         static_cast<void>(screen.Do("windowsize " + console + " 500 400"));
         return PlaceOf(console).Width == 500;
     }));
+    static_cast<void>(screen.Do("windowsize " + console + " 30 30"));
+    EXPECT_TRUE(Eventually([&] { return PlaceOf(console).Width < 500; }));
+    EXPECT_GE(PlaceOf(console).Width, 320) << "room for text and ruler is left";
+    EXPECT_GE(PlaceOf(console).Height, 200);
 
     Command("front 8");
     EXPECT_FALSE(screen.WindowTitled("Zwischenablage").empty());
