@@ -5,8 +5,8 @@ set -euo pipefail
 
 run='cmake ninja-build g++ make pkg-config qt6-base-dev libopenal-dev libsndfile1-dev libxcb1-dev
      fonts-dejavu-core'
-test="$run libgtest-dev libbenchmark-dev xvfb xauth openbox xdotool xclip x11-xkb-utils x11-utils
-      imagemagick libfreetype-dev libpng-dev procps unicode-data"
+test="$run libgtest-dev libbenchmark-dev xvfb xauth openbox i3-wm xdotool xclip x11-xkb-utils
+      x11-utils imagemagick libfreetype-dev libpng-dev procps unicode-data"
 coverage='gcovr'
 check="$test clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev git"
 

@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "platform/desktop/desk.h"
-#include "platform/desktop/placing.h"
 #include "platform/desktop/seam_rect.h"
 #include "platform/desktop/text.h"
 
@@ -19,24 +18,8 @@ namespace {
 
 HostWindow* lastActive = nullptr;
 
-// How long a window manager may take to carry out what was asked of it. Until then a report of
-// another place may be older than the request.
-constexpr int kSettleMs = 300;
-
-// How often a place is asked for: the frame may have come late the first time.
-constexpr int kRequests = 2;
-
-constexpr double kLargestZoom = 16;
-constexpr int kBorderlessGrip = 20;  // of a window without a title bar, in points
-
 constexpr int kExposureMs = 100;
 constexpr unsigned long kExposureStepUs = 500;
-
-// Wayland tells no program where its windows are.
-bool PlacesAreReal() {
-    static const bool real = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-    return real;
-}
 
 }  // namespace
 
@@ -124,30 +107,8 @@ void HostWindow::SetBackgroundColor(Color color) {
     ApplyBackground();
 }
 
-double HostWindow::Zoom() const {
-    if (sizing_ != Sizing::ByZoom) return 1;
-    if (shown_.isEmpty()) return FittingZoom();
-    return LargestZoomIn(shown_, ContentSize(), 0);
-}
-
-double HostWindow::LargestZoom() const {
-    return sizing_ == Sizing::ByZoom ? LargestZoomIn(Room(), ContentSize(), HeightAbove()) : 1;
-}
-
-void HostWindow::SetZoom(double zoom) {
-    if (sizing_ != Sizing::ByZoom || !(zoom > 0)) return;
-    zoom_ = std::min(zoom, kLargestZoom);
-    pulled_.reset();
-    if (widget_ == nullptr) return;
-    Arrange(InRoom(PlaceToShow()));
-}
-
 void HostWindow::TitleBarDidChange() {
     if (centred_ && titled_) Center();
-}
-
-void HostWindow::ScreensDidChange() {
-    if (visible_ && !IsMaximized() && !StandsWell()) Arrange(PlaceToShow());
 }
 
 void HostWindow::WaitForExposure() {
@@ -177,12 +138,6 @@ void HostWindow::CloseRequested() {
     if (desk.Client == nullptr || desk.Ending || !desk.Client->windowShouldClose(*this)) return;
     desk.Client->windowWillClose(*this);
     OrderOut();
-}
-
-void HostWindow::GeometryChanged() {
-    if (!visible_ || requests_ > 0) return;
-    Adopt(SeenContent());
-    settle_.start(kSettleMs);
 }
 
 void HostWindow::Activated() {
@@ -247,137 +202,6 @@ void HostWindow::Resized(QSize before) {
     ContentDidResize(before);
     Desk& desk = TheDesk();
     if (desk.Client != nullptr && !desk.Ending) desk.Client->windowDidResize(*this);
-}
-
-QRect HostWindow::Room() const {
-    return RoomFor(FrameRect(), titled_ ? TheDesk().Above.Frame() : QMargins(),
-                   widget_ != nullptr ? widget_->screen() : nullptr);
-}
-
-double HostWindow::FittingZoom() const {
-    return std::min(pulled_.value_or(zoom_), LargestZoom());
-}
-
-// Where the content of the frame belongs on the screen.
-QRect HostWindow::PlaceToShow() const {
-    const QRect frame = FrameRect();
-    const int above = HeightAbove();
-    const QSize size = Zoomed(ContentSize(), FittingZoom());
-    const QRect shown = size == ContentSize()
-                            ? BroughtBack(frame, Room(), Grip())
-                            : AboutCentreOf(frame, size + QSize(0, above), Room());
-    return shown.adjusted(0, above, 0, 0);
-}
-
-// A place of the content, moved so that the screen shows all of the window.
-QRect HostWindow::InRoom(const QRect& shown) const {
-    const int above = HeightAbove();
-    return MovedInto(Room(), shown.adjusted(0, -above, 0, 0)).adjusted(0, above, 0, 0);
-}
-
-bool HostWindow::StandsWell() const {
-    const QSize size = Zoomed(ContentSize(), FittingZoom());
-    return shown_.size() == size && CanBePulled(shown_.adjusted(0, -HeightAbove(), 0, 0), Grip());
-}
-
-int HostWindow::Grip() const {
-    return titled_ ? std::max(TheDesk().Above.TitleBar(), 1) : kBorderlessGrip;
-}
-
-// A window that a person may size starts no larger than the screen.
-void HostWindow::KeepInRoom() {
-    if (sizing_ != Sizing::ByPerson) return;
-    const QSize before = ContentSize();
-    const QSize size = before.boundedTo(Room().size() - QSize(0, HeightAbove()));
-    if (size == before || size.isEmpty()) return;
-    content_.setSize(size);
-    Resized(before);
-}
-
-void HostWindow::Arrange(const QRect& shown) {
-    shown_ = shown;
-    if (IsMaximized()) widget_->setWindowState(Qt::WindowNoState);
-    Ask();
-}
-
-void HostWindow::Ask() {
-    rested_ = shown_;
-    requests_ = kRequests;
-    refused_ = QSize();
-    if (visible_) settle_.start(kSettleMs);
-    ApplyPlace();
-}
-
-void HostWindow::ApplyPlace() {
-    const QSize bar(0, widget_->MenuBarHeight());
-    const QRect client = shown_.adjusted(0, -bar.height(), 0, 0);
-    // Freed for the change, so that place and size change in one step on the screen.
-    if (client.size() != widget_->size()) {
-        widget_->setMinimumSize(0, 0);
-        widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    }
-    widget_->setGeometry(client);
-    if (sizing_ == Sizing::Fixed) {
-        widget_->setFixedSize(client.size());
-    } else {
-        widget_->setMinimumSize(SmallestContent().boundedTo(shown_.size()) + bar);
-    }
-    widget_->LayOut();
-}
-
-bool HostWindow::IsMaximized() const {
-    return widget_->isMaximized() || widget_->isFullScreen();
-}
-
-// What the window manager made of a request, or the person of the window.
-void HostWindow::Settle() {
-    exposureDue_ = false;
-    LookAtTitleBar();
-    const QRect seen = SeenContent();
-    const bool asked = requests_ > 0 && !IsMaximized();
-    if (asked && seen != shown_ && --requests_ > 0) {
-        settle_.start(kSettleMs);
-        ApplyPlace();
-        return;
-    }
-    requests_ = 0;
-    if (asked && seen.size() != shown_.size()) {
-        refused_ = seen.size();
-        pulled_.reset();
-    } else if (asked) {
-        zoom_ = std::exchange(pulled_, std::nullopt).value_or(zoom_);
-    }
-    Adopt(seen);
-    Follow();
-}
-
-// Gives a window that is sized by zoom its proportions back: at the zoom that a person pulled it
-// to, or at the one that fits the screen that it was moved to.
-void HostWindow::Follow() {
-    const QRect from = std::exchange(rested_, shown_);
-    if (sizing_ != Sizing::ByZoom || IsMaximized() || shown_.size() == refused_) return;
-    if (shown_.size() == Zoomed(ContentSize(), FittingZoom())) return;
-    if (shown_.size() != from.size()) pulled_ = PulledZoom(ContentSize(), from, shown_);
-    Adopt(InRoom(KeepingSides(from, shown_, Zoomed(ContentSize(), FittingZoom()))));
-    Ask();
-}
-
-void HostWindow::Adopt(const QRect& seen) {
-    if (seen == shown_) return;
-    centred_ = false;
-    const QRect shown = std::exchange(shown_, seen);
-    if (sizing_ == Sizing::ByZoom) {
-        content_.translate(Way(shown, seen));
-        return;
-    }
-    const QSize before = content_.size();
-    content_ = {content_.topLeft() + seen.topLeft() - shown.topLeft(), seen.size()};
-    if (before != content_.size()) Resized(before);
-}
-
-QRect HostWindow::SeenContent() const {
-    const QRect seen = widget_->geometry().adjusted(0, widget_->MenuBarHeight(), 0, 0);
-    return PlacesAreReal() ? seen : QRect(shown_.topLeft(), seen.size());
 }
 
 // Only of windows in their usual state: a maximised one may have a thinner title bar or none.

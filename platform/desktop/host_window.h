@@ -79,26 +79,30 @@ class HostWindow : public Window, private HostWidgetOwner {
     [[nodiscard]] const QRect& Content() const;
     [[nodiscard]] QRect FrameRect() const;
     [[nodiscard]] int HeightAbove() const;
-    [[nodiscard]] int Grip() const;
     void MakeWidget();
     void Show(bool activate);
     void Place(const QRect& content);
     void Resized(QSize before);
 
+    // host_window_place.cpp: where and how large the window is shown, what is asked of the window
+    // manager for that, and what becomes of it there and in a person's hands.
     [[nodiscard]] QRect Room() const;
     [[nodiscard]] double FittingZoom() const;
     [[nodiscard]] QRect PlaceToShow() const;
     [[nodiscard]] QRect InRoom(const QRect& shown) const;
     [[nodiscard]] bool StandsWell() const;
+    [[nodiscard]] int Grip() const;
     void KeepInRoom();
     void Arrange(const QRect& shown);
     void ApplyPlace();
     void Ask();
     [[nodiscard]] bool IsMaximized() const;
     void Settle();
+    void TakeAnswer(const QRect& seen);
     void Follow();
     void Adopt(const QRect& seen);
     [[nodiscard]] QRect SeenContent() const;
+
     void LookAtTitleBar();
     void ApplyBackground();
 

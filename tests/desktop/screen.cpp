@@ -131,7 +131,10 @@ Screen::Screen(const std::string& size, Manager manager) {
     display_.assign(1, ':');
     display_ += server_->Line("").value_or("none");
     if (manager == Manager::None) return;
-    manager_.emplace(std::vector<std::string>{"openbox", "--sm-disable"}, display_);
+    const bool tiles = manager == Manager::I3;
+    manager_.emplace(tiles ? std::vector<std::string>{"i3", "-c", "/dev/null"}
+                           : std::vector<std::string>{"openbox", "--sm-disable"},
+                     display_);
     Eventually([&] {
         return !OutputOf("xprop -display " + display_ +
                          " -root _NET_SUPPORTING_WM_CHECK 2>&1 | "

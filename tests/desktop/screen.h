@@ -4,6 +4,7 @@
 
 #include <QtGui/QImage>
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <thread>
@@ -39,10 +40,10 @@ class Program {
     bool gone_ = false;
 };
 
-/// Xvfb, with openbox unless a test wants to do without.
+/// Xvfb, with openbox unless a test wants another window manager or none.
 class Screen {
   public:
-    enum class Manager : bool { None, Openbox };
+    enum class Manager : std::uint8_t { None, Openbox, I3 };  // I3 gives windows its own sizes
 
     /// A screen of its own; `size` as in "800x600".
     Screen(const std::string& size, Manager manager);

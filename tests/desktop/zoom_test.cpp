@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <string>
 
 #include "tests/desktop/desktop_fixture.h"
@@ -8,6 +9,11 @@ namespace {
 
 constexpr int kWindowMenuX = 230;  // of the title "Fenster" in the menu bar
 constexpr int kMenuBarY = 10;
+constexpr int kLarger = 1;  // items of the menu
+constexpr int kSmaller = 2;
+constexpr int kOriginal = 3;
+
+constexpr int kContent = kWidth + 2 * kBorder;
 
 class Zoom : public Desktop {
   protected:
@@ -45,6 +51,23 @@ class Zoom : public Desktop {
             .substr(40);
     }
 
+    // In a window that is much wider than its picture; the border begins below the menus.
+    [[nodiscard]] bool CentresThePicture(const std::string& window) {
+        return Eventually([&] {
+            const Place at = PlaceOf(window, screen);
+            const int right = at.X + at.Width - 5;
+            const int bottom = at.Y + at.Height;
+            const QImage picture = screen.Picture();
+            int top = at.Y;
+            while (top < bottom && picture.pixel(right, top) != kGreyBorder) ++top;
+            const int x = at.X + at.Width / 2;
+            const int y = (top + bottom) / 2;
+            return top < bottom && picture.pixel(at.X + 5, y) == kGreyBorder &&
+                   picture.pixel(right, y) == kGreyBorder && picture.pixel(x, y) != kGreyBorder &&
+                   ClickAt(x + 1, y + 1) == "X = 160, Y = 160";
+        });
+    }
+
     // The codes of the frame, the screen and what lies between them.
     std::string Codes() {
         std::string codes;
@@ -53,12 +76,6 @@ class Zoom : public Desktop {
     }
 };
 
-constexpr int kFirstLarger = 1;  // items of the menu
-constexpr int kSmaller = 2;
-constexpr int kOriginal = 3;
-
-constexpr int kContent = kWidth + 2 * kBorder;
-
 TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     const std::string window = OpenProbe();
     const Place before = PlaceOf(window);
@@ -66,9 +83,9 @@ TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     const std::string codes = Codes();
     EXPECT_EQ(ClickAt(before.X + kBorder + 7, before.Y + menus + kBorder), "X = 7, Y = 0");
 
-    Choose(window, kFirstLarger);
+    Choose(window, kLarger);
     ASSERT_TRUE(Becomes(window, kContent * 5 / 4, kContent * 5 / 4 + menus));
-    Choose(window, kFirstLarger);
+    Choose(window, kLarger);
     ASSERT_TRUE(Becomes(window, kContent * 3 / 2, kContent * 3 / 2 + menus));
     const Place at = PlaceOf(window);
     EXPECT_NEAR(2 * at.X + at.Width, 1600, 4) << "about the same centre";
@@ -120,18 +137,8 @@ TEST_F(Zoom, CentresThePictureInAnotherShape) {
     const std::string twiceOnTitle = "click --repeat 2 --delay 50 1";
     Click(before.X + before.Width / 2, before.Y - 10, twiceOnTitle);
     ASSERT_TRUE(Eventually([&] { return PlaceOf(window).Width > 1500; })) << "maximised";
-    EXPECT_TRUE(Eventually([&] {
-        const Place at = PlaceOf(window);
-        const int middle = at.Y + at.Height / 2;
-        const QImage picture = screen.Picture();
-        return picture.pixel(at.X + 5, middle) == kGreyBorder &&
-               picture.pixel(at.X + at.Width - 5, middle) == kGreyBorder &&
-               picture.pixel(at.X + at.Width / 2, middle) != kGreyBorder;
-    }));
+    EXPECT_TRUE(CentresThePicture(window));
     const Place at = PlaceOf(window);
-    const int menus = before.Height - kContent;
-    EXPECT_EQ(ClickAt(at.X + at.Width / 2 + 1, at.Y + menus + (at.Height - menus) / 2 + 1),
-              "X = 160, Y = 160");
     Click(at.X + at.Width / 2, at.Y - 10, twiceOnTitle);
     EXPECT_TRUE(Becomes(window, before.Width, before.Height));
 }
@@ -177,9 +184,31 @@ TEST_F(SmallScreen, HasTheWholeGame) {
     const Place fitting = PlaceOf(window, screen);
     Choose(window, kSmaller);
     EXPECT_TRUE(Eventually([&] { return PlaceOf(window, screen).Width == 1312 / 2; }));
-    for (int i = 0; i < 4; ++i) Choose(window, kFirstLarger);
+    for (int i = 0; i < 4; ++i) Choose(window, kLarger);
     EXPECT_TRUE(Becomes(window, fitting.Width, fitting.Height)) << "no larger than the screen";
     EXPECT_TRUE(Eventually([&] { return ShowsAllOf(window); }));
+}
+
+class TilingManager : public Zoom {
+  protected:
+    TilingManager() : Zoom(Shown()) {}
+
+    static bool IsInstalled() { return std::system("command -v i3 > /dev/null") == 0; }
+
+    static Screen& Shown() {
+        using enum Screen::Manager;
+        static Screen screen("1024x600", IsInstalled() ? I3 : None);
+        return screen;
+    }
+};
+
+TEST_F(TilingManager, HasItsWay) {
+    if (!IsInstalled()) GTEST_SKIP() << "i3 is not installed";
+    const std::string window = OpenProbe();
+    EXPECT_TRUE(CentresThePicture(window));
+    Choose(window, kSmaller);
+    EXPECT_TRUE(CentresThePicture(window));
+    EXPECT_EQ(Pos(10), kContent);
 }
 
 }  // namespace
