@@ -1,7 +1,9 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <new>
 #include <vector>
 
 // Colours and finished pictures as they cross the seam. Plain values; any thread.
@@ -28,12 +30,32 @@ inline constexpr PixelOrder kNativeWordOrder = std::endian::native == std::endia
                                                    ? PixelOrder::BlueGreenRedAlpha
                                                    : PixelOrder::AlphaRedGreenBlue;
 
+/// Gets memory that begins where a line of the processor's cache does: vectors as long as a line
+/// then go to one line each and not to two, which costs up to half as much again.
+template <typename T>
+struct LineAllocator {
+    using value_type = T;
+    static constexpr std::align_val_t kLine{64};
+
+    LineAllocator() = default;
+    template <typename Other>
+    explicit LineAllocator(const LineAllocator<Other>& /*other*/) {}
+
+    T* allocate(std::size_t count) {
+        return static_cast<T*>(::operator new(count * sizeof(T), kLine));
+    }
+    void deallocate(T* memory, std::size_t /*count*/) { ::operator delete(memory, kLine); }
+    bool operator==(const LineAllocator& /*other*/) const { return true; }
+};
+
+using PixelBytes = std::vector<std::uint8_t, LineAllocator<std::uint8_t>>;
+
 /// A finished picture; whoever holds it owns its bytes.
 struct Picture {
     std::int64_t Width = 0;   // pixels
     std::int64_t Height = 0;  // pixels
     PixelOrder Order = PixelOrder::AlphaRedGreenBlue;
-    std::vector<std::uint8_t> Bytes;  // 4 * Width * Height, top row first, nothing between rows
+    PixelBytes Bytes;  // 4 * Width * Height, top row first, nothing between rows
 
     bool operator==(const Picture&) const = default;
 };

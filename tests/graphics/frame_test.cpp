@@ -154,6 +154,7 @@ TEST_F(Frames, NoteTheirTimesAndReuseTheirBuffer) {
     OpenSize(8, 50, 40);
     ASSERT_TRUE(t_WindowImage(0, picture));
     EXPECT_EQ(picture.Bytes.size(), 50U * 40 * 4);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(picture.Bytes.data()) % 64, 0U);
 }
 
 TEST_F(Frames, TellWhichRowsChanged) {

@@ -39,7 +39,8 @@ TEST(SharpScale, AveragesWhatEveryPixelCovers) {
     SharpScaler scaler;
     for (int i = 0; i < 60; ++i) {
         Picture picture{random.Between(1, 9), random.Between(1, 9), kNativeWordOrder, {}};
-        picture.Bytes = random.Bytes(4 * picture.Width * picture.Height);
+        const auto bytes = random.Bytes(4 * picture.Width * picture.Height);
+        picture.Bytes.assign(bytes.begin(), bytes.end());
         const std::int64_t width = random.Between(1, 20);
         const std::int64_t height = random.Between(1, 20);
         const std::int64_t stride = width + random.Between(0, 3);
@@ -82,8 +83,8 @@ TEST(SharpScale, KeepsThinStemsWhenItReduces) {
 
 TEST(SharpScale, LeavesTheTargetAloneWhenSizesDoNotFit) {
     SharpScaler scaler;
-    const Picture whole{2, 2, kNativeWordOrder, std::vector<std::uint8_t>(16, 1)};
-    const Picture torn{2, 2, kNativeWordOrder, std::vector<std::uint8_t>(15, 1)};
+    const Picture whole{2, 2, kNativeWordOrder, PixelBytes(16, 1)};
+    const Picture torn{2, 2, kNativeWordOrder, PixelBytes(15, 1)};
     std::vector<std::uint32_t> target(12, 7);
     scaler.Scale(torn, 3, 3, target, 3);
     scaler.Scale(whole, 0, 3, target, 3);

@@ -145,17 +145,21 @@ struct VectorUnit {
     }
 };
 
+constexpr std::int64_t kUnitsWorthFetching = 3;
+
 // With `Units` given, all rows are so many units long.
 template <typename Unit, std::int64_t Units = 0>
 void CopyRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
     const std::int64_t bytes = Units > 0 ? Units * Unit::kBytes : block.Bytes;
     std::uint8_t* row = t_Memory.data() + block.Address;
     for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += step) {
+        if constexpr (Units >= kUnitsWorthFetching) FetchNextCell(row, bytes);
         for (std::int64_t b = 0; b < bytes; b += Unit::kBytes) Unit::Copy(source + b, row + b);
     }
 }
 
-// The usual cell is 16 pixels wide: one vector at 8 bits, three at 24.
+// The usual cell is 16 pixels wide: one vector at 8 bits, three at 24. Only with three does nearly
+// every cell begin lines of its own, which are worth fetching.
 void CopyVectorRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
     switch (block.Bytes) {
         case kVector:
