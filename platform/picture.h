@@ -56,8 +56,15 @@ struct Picture {
     std::int64_t Height = 0;  // pixels
     PixelOrder Order = PixelOrder::AlphaRedGreenBlue;
     PixelBytes Bytes;  // 4 * Width * Height, top row first, nothing between rows
+    /// Whoever fills the bytes may note here what they are of, to fill in later only what has
+    /// changed. 0: nothing is known of them; who changes them without the filler sets it to that.
+    std::uint64_t Filling = 0;
 
-    bool operator==(const Picture&) const = default;
+    /// The same size, order and bytes.
+    bool operator==(const Picture& other) const {
+        return Width == other.Width && Height == other.Height && Order == other.Order &&
+               Bytes == other.Bytes;
+    }
 };
 
 /// Rows of a picture, counted from 0 at its top: those from First on that come before End.

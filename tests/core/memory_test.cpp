@@ -3,6 +3,7 @@
 
 #include "tests/support/fixture.h"
 #include "tests/support/random.h"
+#include "toolkit/core/memory_changes.h"
 
 namespace {
 
@@ -29,15 +30,18 @@ TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
     const std::int64_t bases[] = {0, 0x7F'FFFB, t_Memory.size() - kArea};
     Random random;
     Bytes model(static_cast<std::size_t>(t_Memory.size()), 255);
+    toolkit::Moment taken = toolkit::TakeMarks(0, t_Memory.size());
     for (int step = 0; step < 9'000; ++step) {
         const std::int64_t base = bases[random.Between(0, 2)];
-        const std::int64_t count = random.Between(1, random.Between(0, 3) == 0 ? 9'000 : 40);
+        const std::int64_t way = random.Between(0, 4);
+        const std::int64_t most = random.Between(0, 3) == 0 ? 9'000 : 40;
+        const std::int64_t count = way == 2 ? 1 : random.Between(1, most);
         const std::int64_t last = base + kArea - count;
         const std::int64_t address = random.Between(0, 7) == 0 ? last : random.Between(base, last);
         const std::int64_t other = random.Between(base, last);
         std::uint8_t* const at = model.data() + address;
         const Bytes run = random.Bytes(count);
-        switch (random.Between(0, 4)) {
+        switch (way) {
             case 0:
                 ASSERT_TRUE(toolkit::WriteRun(address, run));
                 std::ranges::copy(run, at);
@@ -54,6 +58,13 @@ TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
                 t_MoveMemory(other, address, count);
                 const Bytes copy(model.data() + other, model.data() + other + count);
                 std::ranges::copy(copy, at);
+        }
+        // Its pieces count as changed, and no others.
+        const toolkit::Moment before = std::exchange(taken, toolkit::TakeMarks(base, kArea));
+        for (std::int64_t piece = base; piece < base + kArea; piece += toolkit::kMarkedPiece) {
+            const std::int64_t first = piece - piece % toolkit::kMarkedPiece;
+            ASSERT_EQ(toolkit::ChangedSince(before, piece, 1),
+                      address < first + toolkit::kMarkedPiece && address + count > first);
         }
         // The run and what lies around it, read in one piece.
         const std::int64_t from = std::max<std::int64_t>(address - kMargin, 0);

@@ -5,6 +5,7 @@
 #include "tests/support/fixture.h"
 #include "tests/support/random.h"
 #include "toolkit/core/numbers.h"
+#include "toolkit/text/finished_glyphs.h"
 
 using platform::Picture;
 using platform::PixelOrder;
@@ -181,6 +182,63 @@ TEST_F(Frames, TellWhichRowsChanged) {
             ASSERT_EQ(changed == platform::Rows{}, picture == before);
         }
     }
+}
+
+TEST_F(Frames, FollowEveryWayToWriteAndLookAtNothingElse) {
+    Open(0, 24, 40, 20);  // four rows and a bit are one piece
+    const std::int64_t row = w.Width * 3;
+    const std::int64_t far = w.MemoryStart + 100 * row;
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(row), 0x5A);
+    const toolkit::RowBlock block{far, row, 24, 8};
+    Random random;
+    std::uint8_t value = 0;
+    const std::function<void()> writes[] = {
+        [&] { toolkit::Poke(far, ++value); },
+        [&] { toolkit::WriteRun(far, std::span(&++value, 1)); },
+        [&] { toolkit::FillRun(far, 5 * row, ++value); },
+        [&] { toolkit::MoveRun(far - 60 * row, far, 4000); },  // each move onto other bytes
+        [&] { toolkit::MoveRun(far + row, far - 15, 4000); },
+        [&] { toolkit::MoveRun(far, far + 16 * row, 4000); },
+        [&] { toolkit::WriteRows(block, bytes.data()); },
+        [&] { toolkit::MergeRows(block, PictureBytes(0).data(), 2); },
+        [&] {
+            const toolkit::RowBlock glyph{far - far % 8, row, 48, 8};
+            EXPECT_TRUE(toolkit::PaintGlyph({65, 0xC1, 24}, random.Bytes(128), glyph));
+        },
+        [&] { t_PrintSymbol(0, 'A', 0x1C, 3, 14); },
+        [&] { t_ScrollUp(0); },
+        [&] { w.MemoryStart = w.MemoryStart - 300; },
+        [&] { w.Height = w.Height - 8; },
+        [&] { Open(0, 24, 40, 20); },
+    };
+    for (std::int64_t i = 0; i < w.Width * w.Height * 3; i += 7) {
+        toolkit::Poke(w.MemoryStart + i, static_cast<std::uint8_t>(i >> 4));
+    }
+    Picture picture;
+    ASSERT_TRUE(t_WindowImage(0, picture));
+    for (const auto& write : writes) {
+        SCOPED_TRACE(&write - writes);
+        const Picture before = picture;
+        Picture other = picture;  // as good as the first one until that is filled again
+        write();
+        const platform::Rows changed = t_WindowImage(0, picture).value();
+        ASSERT_EQ(picture, Expected(w, picture.Order));
+        EXPECT_NE(changed, platform::Rows{});
+        EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
+        EXPECT_EQ(t_WindowImage(0, other), changed);
+        EXPECT_EQ(other, picture);
+        EXPECT_NE(before, picture);
+        picture.Order = PixelOrder::BlueGreenRedAlpha;
+        EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+        picture.Order = PixelOrder::AlphaRedGreenBlue;
+        EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+    }
+    // Without a mark nothing is seen, until a program says that it writes so.
+    const_cast<std::uint8_t*>(t_Memory.data())[far] ^= 1;
+    EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
+    t_Memory.dataForWriting()[far] ^= 3;
+    EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+    EXPECT_EQ(picture, Expected(w, picture.Order));
 }
 
 TEST_F(Frames, SnapshotsAreMadeOfWindowsWithAView) {

@@ -14,6 +14,7 @@
 #include "toolkit/core/shared_bytes.h"
 
 constinit t_MemoryArray t_Memory;
+constinit std::array<std::uint8_t, toolkit::kWriteMarks> toolkit::writeMarks{};
 
 namespace toolkit {
 
@@ -151,7 +152,7 @@ constexpr std::int64_t kUnitsWorthFetching = 3;
 template <typename Unit, std::int64_t Units = 0>
 void CopyRows(const RowBlock& block, const std::uint8_t* source, std::int64_t step) {
     const std::int64_t bytes = Units > 0 ? Units * Unit::kBytes : block.Bytes;
-    std::uint8_t* row = t_Memory.data() + block.Address;
+    std::uint8_t* row = WritableAt(block.Address);
     for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += step) {
         if constexpr (Units >= kUnitsWorthFetching) FetchNextCell(row, bytes);
         for (std::int64_t b = 0; b < bytes; b += Unit::kBytes) Unit::Copy(source + b, row + b);
@@ -205,6 +206,16 @@ Bytes16 KeptBytes(std::int64_t period) {
 
 }  // namespace
 
+void MarkWritten(std::int64_t address, std::int64_t count) {
+    if (count < 1) return;
+    const std::int64_t first = address / kMarkedPiece;
+    SetMarks(writeMarks.data() + first, (address + count - 1) / kMarkedPiece - first + 1);
+}
+
+void MarkWritten(const RowBlock& block) {
+    if (block.Rows > 0) MarkWritten(block.Address, (block.Rows - 1) * block.Stride + block.Bytes);
+}
+
 bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource holds) {
     if (!LiesWithin(block, 0, t_Memory.size())) return false;
     const std::int64_t step = StepOf(block, holds);
@@ -219,6 +230,7 @@ bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource hold
     } else {
         CopyRows<PlainUnit<std::uint8_t>>(block, source, step);
     }
+    MarkWritten(block);
     return true;
 }
 
@@ -228,7 +240,7 @@ bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t p
     const std::int64_t step = StepOf(block, holds);
     const Bytes16 kept = KeptBytes(period);
     const bool vectors = FitsUnit(block, kVector);
-    std::uint8_t* row = t_Memory.data() + block.Address;
+    std::uint8_t* row = WritableAt(block.Address);
     for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride, source += step) {
         for (std::int64_t b = 0; vectors && b < block.Bytes; b += kVector) {
             Bytes16 bytes;
@@ -239,6 +251,7 @@ bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t p
             if (b % period != 0) StoreByte(row + b, source[b]);
         }
     }
+    MarkWritten(block);
     return true;
 }
 
@@ -250,7 +263,8 @@ bool ReadRun(std::int64_t address, std::span<std::uint8_t> run) {
 
 bool WriteRun(std::int64_t address, std::span<const std::uint8_t> run) {
     if (!InMemory(address, std::ssize(run))) return false;
-    CopyIn(run.data(), t_Memory.data() + address, SplitAt(address, std::ssize(run)));
+    CopyIn(run.data(), WritableAt(address), SplitAt(address, std::ssize(run)));
+    MarkWritten(address, std::ssize(run));
     return true;
 }
 
@@ -258,34 +272,37 @@ bool FillRun(std::int64_t address, std::int64_t count, std::uint8_t value) {
     if (!InMemory(address, count)) return false;
     const Split split = SplitAt(address, count);
     const Bytes16 values = Bytes16{} + value;
-    std::uint8_t* to = t_Memory.data() + address;
+    std::uint8_t* to = WritableAt(address);
     for (const std::uint8_t* const end = to + split.Head; to != end;) StoreByte(to++, value);
     for (const std::uint8_t* const end = to + split.Vectors; to != end; to += kVector) {
         Store16(to, values);
     }
     for (const std::uint8_t* const end = to + split.Tail; to != end;) StoreByte(to++, value);
+    MarkWritten(address, count);
     return true;
 }
 
 bool MoveRun(std::int64_t source, std::int64_t destination, std::int64_t count) {
     if (!InMemory(source, count) || !InMemory(destination, count)) return false;
+    const std::uint8_t* const from = t_Memory.data() + source;
+    std::uint8_t* const to = WritableAt(destination);
     if (source >= destination && count >= kLong && HasFastStrings()) {
-        MoveString(t_Memory.data() + source, t_Memory.data() + destination, count);
+        MoveString(from, to, count);
     } else if ((source - destination) % kVector != 0) {
         MoveInChunks(source, destination, count);
     } else if (source >= destination) {
-        MoveUpwards(t_Memory.data() + source, t_Memory.data() + destination,
-                    SplitAt(source, count));
+        MoveUpwards(from, to, SplitAt(source, count));
     } else {
-        MoveDownwards(t_Memory.data() + source, t_Memory.data() + destination,
-                      SplitAt(source, count));
+        MoveDownwards(from, to, SplitAt(source, count));
     }
+    MarkWritten(destination, count);
     return true;
 }
 
 }  // namespace toolkit
 
 void t_MemoryArray::Create() {
+    unmarked_ = false;
     if (data() != nullptr) {
         toolkit::FillRun(0, size(), toolkit::kUntouched);
         return;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -12,14 +14,30 @@
 //   0x0000000      0x0010000                 t_HighMemory        0xFFFFFF     0x100000E
 //   | reserved     | free                               | handed out       | spare bytes |
 
+// Frames look only at pieces of memory that were written to since: every write leaves a mark. What
+// a program writes past the functions below it asks dataForWriting for.
+
 /// The bytes at the addresses 0 to size() - 1. Empty until t_InitMemory, then kept for ever.
 class t_MemoryArray {
   public:
-    [[nodiscard]] std::uint8_t* data() const { return bytes_.load(std::memory_order_acquire); }
+    [[nodiscard]] const std::uint8_t* data() const {
+        return bytes_.load(std::memory_order_acquire);
+    }
     [[nodiscard]] std::int64_t size() const { return size_.load(std::memory_order_acquire); }
 
-    /// Makes toolkit::kMemorySize bytes, all 255, or makes those that are there so again. While no
-    /// other thread uses the memory.
+    /// The same bytes for a program that writes to them itself, through relaxed atomics. It leaves
+    /// no marks: from the first call on every frame looks at all of its bytes. Any thread.
+    [[nodiscard]] std::uint8_t* dataForWriting() {
+        unmarked_.store(true, std::memory_order_release);
+        return bytes_.load(std::memory_order_acquire);
+    }
+    /// Whether that was called.
+    [[nodiscard]] bool IsWrittenUnmarked() const {
+        return unmarked_.load(std::memory_order_acquire);
+    }
+
+    /// Makes toolkit::kMemorySize bytes, all 255, or makes those that are there so again, and all
+    /// writes leave marks again. While no other thread uses the memory.
     void Create();
 
     /// Begins with that on a thread of its own, so that Create finds most of it done: to touch so
@@ -30,6 +48,7 @@ class t_MemoryArray {
   private:
     std::atomic<std::uint8_t*> bytes_ = nullptr;
     std::atomic<std::int64_t> size_ = 0;
+    std::atomic<bool> unmarked_ = false;
 };
 
 extern constinit t_MemoryArray t_Memory;
@@ -56,10 +75,26 @@ inline constexpr std::int64_t kReservedBytes = 0x1'0000;    // at the lowest add
     return std::atomic_ref(t_Memory.data()[address]).load(std::memory_order_relaxed);
 }
 
+/// One mark for every piece of so many bytes: 1 when it was written to since the mark was taken,
+/// which memory_changes.h does. Set after the bytes are there, by whoever writes.
+inline constexpr std::int64_t kMarkedPiece = 4096;
+inline constexpr std::int64_t kWriteMarks = kMemorySize / kMarkedPiece + 1;
+extern constinit std::array<std::uint8_t, kWriteMarks> writeMarks;
+
+/// Marks the addresses from `address` on, `count` of them, all in the memory.
+void MarkWritten(std::int64_t address, std::int64_t count);
+
+/// Where toolkit code writes that calls MarkWritten afterwards.
+[[nodiscard]] inline std::uint8_t* WritableAt(std::int64_t address) {
+    return const_cast<std::uint8_t*>(t_Memory.data()) + address;
+}
+
 /// Writes one byte; nothing outside the memory.
 inline void Poke(std::int64_t address, std::uint8_t byte) {
     if (!InMemory(address, 1)) return;
-    std::atomic_ref(t_Memory.data()[address]).store(byte, std::memory_order_relaxed);
+    std::atomic_ref(*WritableAt(address)).store(byte, std::memory_order_relaxed);
+    std::uint8_t& mark = writeMarks[static_cast<std::size_t>(address / kMarkedPiece)];
+    std::atomic_ref(mark).store(1, std::memory_order_release);
 }
 
 // Runs. A run that leaves the memory is left alone as a whole; the result tells.
@@ -91,6 +126,9 @@ struct RowBlock {
     return block.Address >= first && end - 1 <= last &&
            InMemory(block.Address, end - block.Address);
 }
+
+/// Marks all addresses from the block's first to its last.
+void MarkWritten(const RowBlock& block);
 
 /// What the source of a block holds: all of its rows without gaps, or the one that all of them are.
 enum class RowSource : std::uint8_t { AllRows, OneRow };

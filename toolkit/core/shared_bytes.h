@@ -73,6 +73,19 @@ inline void Store16(std::uint8_t* at, Bytes16 bytes) {
     asm volatile("movdqa %0, (%1)" : : "x"(bytes), "r"(at) : "memory");
 }
 
+/// Sets `count` bytes at any place to 1. Whoever finds one set finds what was written before too.
+inline void SetMarks(std::uint8_t* at, std::int64_t count) {
+    constexpr std::int64_t kVector = 16;
+    const auto setSixteen = [](std::uint8_t* first) {
+        asm volatile("movdqu %0, (%1)" : : "x"(Bytes16{} + 1), "r"(first) : "memory");
+    };
+    if (count >= kVector) {
+        for (std::int64_t i = 0; i < count - kVector; i += kVector) setSixteen(at + i);
+        return setSixteen(at + count - kVector);
+    }
+    for (; count > 0; --count) __atomic_store_n(at++, std::uint8_t{1}, __ATOMIC_RELEASE);
+}
+
 /// Whether MoveString is fast here.
 inline bool HasFastStrings() {
     static const bool has = [] {
@@ -104,6 +117,10 @@ inline void Store16(std::uint8_t* at, Bytes16 bytes) {
     std::memcpy(words, &bytes, sizeof bytes);
     StoreWord(at, words[0]);
     StoreWord(at + kWord, words[1]);
+}
+
+inline void SetMarks(std::uint8_t* at, std::int64_t count) {
+    for (; count > 0; --count) __atomic_store_n(at++, std::uint8_t{1}, __ATOMIC_RELEASE);
 }
 
 inline bool HasFastStrings() {

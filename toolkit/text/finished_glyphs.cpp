@@ -176,7 +176,7 @@ bool PaintGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey, const R
     const std::array<std::uint8_t, kEight> none{};
     const EightPixels bare = BlendEight(none.data(), blend);
     const std::uint8_t* from = grey.data();
-    std::uint8_t* row = t_Memory.data() + block.Address;
+    std::uint8_t* row = WritableAt(block.Address);
     for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride) {
         FetchNextCell(row, block.Bytes);
         for (std::int64_t b = 0; b < block.Bytes; b += kBytes, from += kGroup) {
@@ -189,6 +189,7 @@ bool PaintGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey, const R
             }
         }
     }
+    MarkWritten(block);
     return true;
 }
 

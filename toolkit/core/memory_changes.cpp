@@ -1,0 +1,53 @@
+#include "toolkit/core/memory_changes.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <span>
+
+#include "toolkit/core/memory.h"
+
+namespace toolkit {
+
+namespace {
+
+constinit std::array<Moment, kWriteMarks> changes{};  // when a piece's mark was taken last
+constinit Moment now = 0;
+
+// The pieces that hold these bytes: the first one, and how many.
+template <typename OfAll>
+std::span<typename OfAll::value_type> Pieces(OfAll& all, std::int64_t address, std::int64_t count) {
+    const std::int64_t first = address / kMarkedPiece;
+    const std::int64_t last = (address + count - 1) / kMarkedPiece;
+    return std::span(all).subspan(static_cast<std::size_t>(first),
+                                  static_cast<std::size_t>(last - first + 1));
+}
+
+bool Take(std::uint8_t& mark) {
+    const std::atomic_ref shared(mark);
+    return shared.load(std::memory_order_relaxed) != 0 &&
+           shared.exchange(0, std::memory_order_acq_rel) != 0;
+}
+
+}  // namespace
+
+Moment TakeMarks(std::int64_t address, std::int64_t count) {
+    ++now;
+    if (count < 1) return now;
+    auto change = Pieces(changes, address, count).begin();
+    for (std::uint8_t& mark : Pieces(writeMarks, address, count)) {
+        if (Take(mark)) *change = now;
+        ++change;
+    }
+    return now;
+}
+
+bool ChangedSince(Moment moment, std::int64_t address, std::int64_t count) {
+    if (count < 1) return false;
+    return t_Memory.IsWrittenUnmarked() ||
+           std::ranges::any_of(Pieces(changes, address, count),
+                               [moment](Moment change) { return change > moment; });
+}
+
+}  // namespace toolkit
