@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -19,6 +20,21 @@ class Clock {
     [[nodiscard]] virtual double Now() = 0;
     /// Blocks the calling thread for this long.
     virtual void Sleep(std::chrono::nanoseconds duration) = 0;
+
+    // Pauses of those who wait for something. Where time stands still, plain sleeps.
+
+    /// The same, or up to `slack` longer, when that spares the machine a wake-up.
+    virtual void SleepAbout(std::chrono::nanoseconds duration, std::chrono::nanoseconds /*slack*/) {
+        Sleep(duration);
+    }
+    /// Blocks no longer than this, and ends when `done` holds: looks at once and after every Wake.
+    /// `done` may be asked on this thread at any time meanwhile.
+    virtual void SleepUnless(std::chrono::nanoseconds duration,
+                             const std::function<bool()>& /*done*/) {
+        Sleep(duration);
+    }
+    /// Has all who sleep in SleepUnless look at what they wait for.
+    virtual void Wake() {}
 };
 
 class Randomness {

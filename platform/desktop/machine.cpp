@@ -1,5 +1,6 @@
 #include "platform/desktop/machine.h"
 
+#include <sys/prctl.h>
 #include <sys/random.h>
 
 #include <bit>
@@ -68,6 +69,27 @@ void MachineClock::Sleep(std::chrono::nanoseconds duration) {
     until.tv_sec += duration.count() / kPerSecond + nanoseconds / kPerSecond;
     until.tv_nsec = nanoseconds % kPerSecond;
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) continue;
+}
+
+// The thread wakes with others that are due in that time, and only for the pause.
+void MachineClock::SleepAbout(std::chrono::nanoseconds duration, std::chrono::nanoseconds slack) {
+    constexpr std::int64_t kUsual = 0;  // as the thread was started with
+    const bool set = slack.count() > 0 &&
+                     prctl(PR_SET_TIMERSLACK, static_cast<unsigned long>(slack.count())) == 0;
+    Sleep(duration);
+    if (set) prctl(PR_SET_TIMERSLACK, kUsual);
+}
+
+void MachineClock::SleepUnless(std::chrono::nanoseconds duration,
+                               const std::function<bool()>& done) {
+    std::unique_lock lock(sleepers_);
+    wake_.wait_for(lock, duration, done);
+}
+
+// The mutex is taken so that nobody falls asleep between a look and this call.
+void MachineClock::Wake() {
+    { const std::lock_guard lock(sleepers_); }
+    wake_.notify_all();
 }
 
 std::uint32_t MachineRandomness::Next() {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
+#include <functional>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -18,8 +21,13 @@ class MachineClock : public Clock {
     MachineClock();
     [[nodiscard]] double Now() override;
     void Sleep(std::chrono::nanoseconds duration) override;
+    void SleepAbout(std::chrono::nanoseconds duration, std::chrono::nanoseconds slack) override;
+    void SleepUnless(std::chrono::nanoseconds duration, const std::function<bool()>& done) override;
+    void Wake() override;
 
   private:
+    std::mutex sleepers_;
+    std::condition_variable wake_;
     double start_ = 0;  // seconds from the first instant of 2001 to the zero of the machine's count
 };
 

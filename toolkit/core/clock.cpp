@@ -26,9 +26,20 @@ void SleepMilliseconds(std::int64_t duration) {
     platform::Current().Time->Sleep(std::chrono::milliseconds(duration));
 }
 
-void WaitMilliseconds(std::int64_t duration) {
+void SleepAbout(std::int64_t duration, std::int64_t slack) {
+    platform::Current().Time->SleepAbout(std::chrono::milliseconds(duration),
+                                         std::chrono::milliseconds(slack));
+}
+
+void WakeSleepers() {
+    platform::Current().Time->Wake();
+}
+
+void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done) {
     if (platform::OnMain()) {
         platform::Current().App->Serve(std::chrono::milliseconds(duration));
+    } else if (done) {
+        platform::Current().Time->SleepUnless(std::chrono::milliseconds(duration), done);
     } else {
         SleepMilliseconds(duration);
     }

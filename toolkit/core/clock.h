@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 // The one clock of all times in records: the platform's absolute time, which never steps back. Any
 // thread.
@@ -16,9 +17,16 @@ namespace toolkit {
 /// Blocks the calling thread.
 void SleepMilliseconds(std::int64_t duration);
 
+/// The same, up to `slack` milliseconds longer where that spares a wake-up.
+void SleepAbout(std::int64_t duration, std::int64_t slack);
+
 /// One step of waiting for something that another thread does: sleeps, or on the main thread serves
-/// events and the main queue for so long, because the other thread may need them.
-void WaitMilliseconds(std::int64_t duration);
+/// events and the main queue for so long, because the other thread may need them. Ends early when
+/// `done` is given and holds after WakeSleepers.
+void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done = {});
+
+/// Has those who wait for `done` look at it.
+void WakeSleepers();
 
 /// Blocks the calling thread for so many seconds, in whole nanoseconds; not at all for 0 or less.
 void SleepSeconds(double duration);

@@ -1,5 +1,8 @@
 #include "toolkit/graphics/refresh.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "platform/platform.h"
 #include "toolkit/core/clock.h"
 #include "toolkit/core/numbers.h"
@@ -21,9 +24,9 @@ std::int64_t Interval(const t_Window& w) {
     return rate == 0 ? 0 : kSecond / rate;
 }
 
-bool IsDue(const t_Window& w) {
-    return w.Initialized && w.AutoUpdate && w.VerticalBlank &&
-           toolkit::Minus(toolkit::Milliseconds(), w.UpdateStarted) >= Interval(w);
+// How long until a window is due; 0 or less: now.
+std::int64_t TimeLeft(const t_Window& w) {
+    return toolkit::Minus(toolkit::Plus(w.UpdateStarted, Interval(w)), toolkit::Milliseconds());
 }
 
 // Marks the window's view, in one visit to the main thread; false without a view.
@@ -41,12 +44,29 @@ bool Ask(std::uint8_t n) {
     });
 }
 
+// In place of a time: there is no window that could be due.
+constexpr std::int64_t kNoWindow = std::numeric_limits<std::int64_t>::max();
+
+// A pause of 1 ms, longer where nobody else wakes the machine, but not so long that a window would
+// be late. The first one that is set up does not wait longer either.
+void Pause(std::int64_t left) {
+    constexpr std::int64_t kLongest = 5;
+    const std::int64_t longest =
+        left == kNoWindow ? 1 : std::clamp<std::int64_t>(left, 1, kLongest);
+    toolkit::SleepAbout(1, longest - 1);
+}
+
 void RunOnePass() {
     bool asked = false;
+    std::int64_t soonest = kNoWindow;
     for (std::uint8_t n = 0; n < toolkit::kGraphicWindows; ++n) {
-        if (IsDue(t_Windows[n]) && Ask(n)) asked = true;
+        const t_Window& w = t_Windows[n];
+        if (!w.Initialized || !w.AutoUpdate) continue;
+        const std::int64_t left = TimeLeft(w);
+        if (left <= 0 && w.VerticalBlank && Ask(n)) asked = true;
+        soonest = std::min(soonest, left);
     }
-    if (!asked) toolkit::SleepMilliseconds(1);
+    if (!asked) Pause(soonest);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "toolkit/core/clock.h"
 #include "toolkit/core/shared.h"
 
 namespace toolkit {
@@ -20,10 +21,14 @@ class EventQueue {
     /// `pending` is kept true exactly while there are events.
     explicit EventQueue(Shared<bool>& pending) : pending_(pending) {}
 
+    /// Wakes those who wait for an event.
     void Append(Event event) {
-        const std::lock_guard lock(mutex_);
-        events_.emplace_back(std::move(event));
-        pending_ = true;
+        {
+            const std::lock_guard lock(mutex_);
+            events_.emplace_back(std::move(event));
+            pending_ = true;
+        }
+        WakeSleepers();
     }
 
     /// The oldest event, removed; no value when there is none.

@@ -337,7 +337,8 @@ std::string t_WaitKey(std::uint8_t window) {
     while (value < 0) {
         if (!t_EventPending) {
             t_CursorOn(window);
-            while (!t_EventPending) toolkit::WaitMilliseconds(10);
+            const auto pending = [] { return bool{t_EventPending}; };
+            while (!pending()) toolkit::WaitMilliseconds(10, pending);
             t_CursorOff(window);
         }
         value = t_NextEvent();

@@ -1,0 +1,32 @@
+#include "platform/desktop/machine.h"
+
+#include <thread>
+
+#include "tests/support/fixture.h"
+
+namespace {
+
+using MachineTime = ToolkitTest;
+
+}  // namespace
+
+TEST_F(MachineTime, WhoWaitsForAnEventIsWokenByIt) {
+    platform::desktop::MachineClock clock;
+    platform::Platform machine = platform::Current();
+    machine.Time = &clock;
+    platform::Install(machine);
+    constexpr std::int64_t kHour = 3'600'000;
+    const auto pending = [] { return bool{t_EventPending}; };
+    for (int i = 0; i < 100; ++i) {
+        std::thread person([] { Type("a"); });
+        toolkit::SleepUnless(kHour, pending);
+        person.join();
+        EXPECT_EQ(t_NextEvent(), 'a');
+    }
+    const double start = clock.Now();
+    toolkit::SleepUnless(2, pending);
+    toolkit::SleepAbout(2, 1);
+    EXPECT_GE(clock.Now() - start, 0.004);
+    machine.Time = &desktop;
+    platform::Install(machine);
+}
