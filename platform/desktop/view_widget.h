@@ -2,6 +2,7 @@
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
+#include <cstddef>
 
 #include "platform/view.h"
 
@@ -36,6 +37,8 @@ class ViewWidget : public QWidget {
 
   private:
     void ReleaseKey();
+    void ShowAnswer();
+    void AskForAnswer();
     void Press(const QMouseEvent& event, const QPointF& place);
     void Release(const QMouseEvent& event);
 
@@ -49,6 +52,10 @@ class ViewWidget : public QWidget {
     quint32 releasedKey_ = 0;
     quint64 releaseTime_ = 0;
     QTimer release_;
+
+    // Display passes that show what the program makes of a key or a click.
+    std::size_t answers_ = 0;  // made since the last one
+    QTimer answer_;
 };
 
 }  // namespace platform::desktop
