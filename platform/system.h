@@ -27,8 +27,8 @@ class Clock {
     virtual void SleepAbout(std::chrono::nanoseconds duration, std::chrono::nanoseconds /*slack*/) {
         Sleep(duration);
     }
-    /// Blocks no longer than this, and ends when `done` holds: looks at once and after every Wake.
-    /// `done` may be asked on this thread at any time meanwhile.
+    /// Blocks for about this long, at most twice as long, and ends when `done` holds: looks at once
+    /// and after every Wake. `done` is asked on this thread.
     virtual void SleepUnless(std::chrono::nanoseconds duration,
                              const std::function<bool()>& /*done*/) {
         Sleep(duration);

@@ -51,6 +51,23 @@ class Generator {
     std::uint64_t state_[4] = {};
 };
 
+/// Lets the thread's pauses end so much later, together with whatever else wakes the machine.
+class Slack {
+  public:
+    explicit Slack(std::chrono::nanoseconds slack)
+        : set_(slack.count() > 0 &&
+               prctl(PR_SET_TIMERSLACK, static_cast<unsigned long>(slack.count())) == 0) {}
+    ~Slack() {
+        if (set_) prctl(PR_SET_TIMERSLACK, kAsStarted);
+    }
+    Slack(const Slack&) = delete;
+    Slack& operator=(const Slack&) = delete;
+
+  private:
+    static constexpr unsigned long kAsStarted = 0;  // what the thread had from the beginning
+    bool set_;
+};
+
 }  // namespace
 
 MachineClock::MachineClock()
@@ -71,17 +88,15 @@ void MachineClock::Sleep(std::chrono::nanoseconds duration) {
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) continue;
 }
 
-// The thread wakes with others that are due in that time, and only for the pause.
 void MachineClock::SleepAbout(std::chrono::nanoseconds duration, std::chrono::nanoseconds slack) {
-    constexpr std::int64_t kUsual = 0;  // as the thread was started with
-    const bool set = slack.count() > 0 &&
-                     prctl(PR_SET_TIMERSLACK, static_cast<unsigned long>(slack.count())) == 0;
+    const Slack late(slack);
     Sleep(duration);
-    if (set) prctl(PR_SET_TIMERSLACK, kUsual);
 }
 
+// Nobody misses the end of the pause: what it waits for ends it.
 void MachineClock::SleepUnless(std::chrono::nanoseconds duration,
                                const std::function<bool()>& done) {
+    const Slack late(duration);
     std::unique_lock lock(sleepers_);
     wake_.wait_for(lock, duration, done);
 }

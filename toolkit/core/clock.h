@@ -21,8 +21,8 @@ void SleepMilliseconds(std::int64_t duration);
 void SleepAbout(std::int64_t duration, std::int64_t slack);
 
 /// One step of waiting for something that another thread does: sleeps, or on the main thread serves
-/// events and the main queue for so long, because the other thread may need them. Ends early when
-/// `done` is given and holds after WakeSleepers.
+/// events and the main queue for so long, because the other thread may need them. Off the main
+/// thread it ends early when `done` is given and holds after WakeSleepers.
 void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done = {});
 
 /// Has those who wait for `done` look at it.
