@@ -15,11 +15,10 @@ TEST_F(MachineTime, WhoWaitsForAnEventIsWokenByIt) {
     platform::Platform machine = platform::Current();
     machine.Time = &clock;
     platform::Install(machine);
-    constexpr std::int64_t kHour = 3'600'000;
     const auto pending = [] { return bool{t_EventPending}; };
     for (int i = 0; i < 100; ++i) {
         std::thread person([] { Type("a"); });
-        toolkit::SleepUnless(kHour, pending);
+        clock.SleepUnless(std::chrono::hours(1), pending);
         person.join();
         EXPECT_EQ(t_NextEvent(), 'a');
     }

@@ -69,7 +69,7 @@ TEST(SharpScale, KeepsThinStemsWhenItReduces) {
         const std::int64_t size = kSize * percent / 100;
         SharpScaler scaler;
         for (std::int64_t stem = 0; stem < kSize; ++stem) {
-            Picture picture{kSize, 1, kNativeWordOrder, std::vector<std::uint8_t>(4 * kSize)};
+            Picture picture{kSize, 1, kNativeWordOrder, PixelBytes(4 * kSize)};
             std::fill_n(picture.Bytes.data() + 4 * stem, 4, 255);
             std::vector<std::uint32_t> target(static_cast<std::size_t>(size));
             scaler.Scale(picture, size, 1, target, size);
