@@ -233,6 +233,15 @@ TEST_F(Frames, FollowEveryWayToWriteAndLookAtNothingElse) {
         picture.Order = PixelOrder::AlphaRedGreenBlue;
         EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
     }
+    // A block that stands already is no change; one of which something is gone is painted anew.
+    for (int time = 0; time < 3; ++time) {
+        t_PrintSymbol(0, 3, 0x1C, 5, 14);
+        EXPECT_EQ(t_WindowImage(0, picture) == platform::Rows{}, time > 0);
+        ASSERT_EQ(picture, Expected(w, picture.Order));
+        if (time == 1) toolkit::Poke(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 23, 99);
+    }
+    EXPECT_EQ(toolkit::Peek(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 23),
+              toolkit::Peek(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 20));
     // Without a mark nothing is seen, until a program says that it writes so.
     const_cast<std::uint8_t*>(t_Memory.data())[far] ^= 1;
     EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});

@@ -174,6 +174,24 @@ void CopyVectorRows(const RowBlock& block, const std::uint8_t* source, std::int6
     }
 }
 
+// Bits that differ somewhere between the block and all rows of the source. With `Vectors` given,
+// all rows are so many vectors long.
+template <std::int64_t Vectors>
+Bytes16 DifferencesOf(const RowBlock& block, const std::uint8_t* source) {
+    const std::int64_t bytes = Vectors > 0 ? Vectors * kVector : block.Bytes;
+    const std::uint8_t* row = t_Memory.data() + block.Address;
+    Bytes16 differences{};
+    for (std::int64_t r = 0; r < block.Rows; ++r, row += block.Stride) {
+        FetchNextCell(row, bytes);
+        for (std::int64_t b = 0; b < bytes; b += kVector, source += kVector) {
+            Bytes16 wanted;
+            std::memcpy(&wanted, source, kVector);
+            differences |= Load16(row + b) ^ wanted;
+        }
+    }
+    return differences;
+}
+
 // How far the source goes on from row to row.
 std::int64_t StepOf(const RowBlock& block, RowSource holds) {
     return holds == RowSource::OneRow ? 0 : block.Bytes;
@@ -214,6 +232,15 @@ void MarkWritten(std::int64_t address, std::int64_t count) {
 
 void MarkWritten(const RowBlock& block) {
     if (block.Rows > 0) MarkWritten(block.Address, (block.Rows - 1) * block.Stride + block.Bytes);
+}
+
+bool HoldsRows(const RowBlock& block, const std::uint8_t* source) {
+    if (!LiesWithin(block, 0, t_Memory.size()) || !FitsUnit(block, kVector)) return false;
+    const Bytes16 differences = block.Bytes == 3 * kVector ? DifferencesOf<3>(block, source)
+                                                           : DifferencesOf<0>(block, source);
+    Word halves[2];
+    std::memcpy(halves, &differences, sizeof halves);
+    return (halves[0] | halves[1]) == 0;
 }
 
 bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource holds) {

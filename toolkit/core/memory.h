@@ -133,6 +133,10 @@ void MarkWritten(const RowBlock& block);
 /// What the source of a block holds: all of its rows without gaps, or the one that all of them are.
 enum class RowSource : std::uint8_t { AllRows, OneRow };
 
+/// Whether the block holds already what WriteRows would write from all rows of `source`. False also
+/// where finding that out costs more than writing.
+[[nodiscard]] bool HoldsRows(const RowBlock& block, const std::uint8_t* source);
+
 /// Writes the block from `source`.
 bool WriteRows(const RowBlock& block, const std::uint8_t* source,
                RowSource holds = RowSource::AllRows);

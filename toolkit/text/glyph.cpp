@@ -23,8 +23,10 @@ namespace {
 
 constexpr std::int64_t kGreyFormat = 2;
 constexpr std::int64_t kOtherFormats[] = {0, 100, 102};
-constexpr std::int64_t kLargestSide = 8192;            // of a picture, and so of a glyph
-constexpr std::int64_t kLargestKept = 16'384;          // pixels of a glyph that is kept finished
+constexpr std::int64_t kLargestSide = 8192;    // of a picture, and so of a glyph
+constexpr std::int64_t kLargestKept = 16'384;  // pixels of a glyph that is kept finished
+// Up to here the characters are blocks: programs paint fields of them again and again as they are.
+constexpr std::uint8_t kLastBlockCharacter = 14;
 constexpr std::size_t kLongestRow = 4 * kLargestSide;  // bytes of a picture
 
 // What drawing needs of a record, read once: a thread that sets the window up anew meanwhile may
@@ -134,9 +136,14 @@ void WithNewlyFinished(const toolkit::GlyphKey& key, std::span<const std::uint8_
     use(finished.data());
 }
 
+// What is there already is not written again, so that it does not count as changed.
 void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
-                   std::span<const std::uint8_t> grey) {
+                   std::span<const std::uint8_t> grey, bool isRepeated) {
     const auto put = [&](const std::uint8_t* finished) {
+        if (isRepeated && key.BitDepth != 16 && key.BitDepth != 32 &&
+            toolkit::HoldsRows(block, finished)) {
+            return;
+        }
         PutRows(block, key.BitDepth, finished, toolkit::RowSource::AllRows);
     };
     if (WithKept(key, grey, put) || toolkit::PaintGlyph(key, grey, block)) return;
@@ -165,26 +172,33 @@ void PutPartBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
     }
 }
 
+// A cell as it is to be drawn; `IsRepeated` tells that it is recorded like this.
+struct CellToDraw {
+    toolkit::Cell What;
+    std::int64_t Column;
+    std::int64_t Line;
+    bool IsRepeated;
+};
+
 // The target contains the cell.
-void DrawGlyph(const Target& target, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
-               std::int64_t line) {
+void DrawGlyph(const Target& target, const CellToDraw& cell) {
     if (!target.CanBeDrawn()) return;
-    const Place place(target, column, line);
+    const Place place(target, cell.Column, cell.Line);
     const toolkit::RowBlock block = place.Block();
     if (!toolkit::LiesWithin(block, target.Start, target.End)) return;
-    const std::span<const std::uint8_t> grey = GlyphData(target.Font, symbol);
+    const toolkit::GlyphKey key = target.Key(cell.What.Symbol, cell.What.Color);
+    const std::span<const std::uint8_t> grey = GlyphData(target.Font, cell.What.Symbol);
     if (place.IsWholeBytes()) {
-        PutWholeBytes(block, target.Key(symbol, pair), grey);
+        PutWholeBytes(block, key, grey, cell.IsRepeated);
     } else {
-        PutPartBytes(block, target.Key(symbol, pair), grey, place.FirstBit % 8);
+        PutPartBytes(block, key, grey, place.FirstBit % 8);
     }
 }
 
-void DrawOrRefuse(const Target& target, std::uint8_t symbol, std::uint8_t pair, std::int64_t column,
-                  std::int64_t line) {
-    if (!target.HasGlyph(symbol)) return;
+void DrawOrRefuse(const Target& target, const CellToDraw& cell) {
+    if (!target.HasGlyph(cell.What.Symbol)) return;
     if (target.Font.Format == kGreyFormat) {
-        DrawGlyph(target, symbol, pair, column, line);
+        DrawGlyph(target, cell);
     } else if (std::ranges::find(kOtherFormats, target.Font.Format) != std::end(kOtherFormats)) {
         PrintLine("t_PrintSymbol: Font format must be uncompressed grey for text-printing.");
     } else {
@@ -291,9 +305,11 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
                   ", y = ", line, ").");
         return;
     }
-    const std::uint8_t pair = PairAsDrawn(*w, color);
-    DrawOrRefuse(target, symbol, pair, column, line);
-    RecordCell(*w, symbol, pair, column, line);
+    const toolkit::Cell cell{symbol, PairAsDrawn(*w, color)};
+    const bool isRepeated =
+        symbol <= kLastBlockCharacter && toolkit::CellAt(*w, column, line) == cell;
+    DrawOrRefuse(target, {cell, column, line, isRepeated});
+    RecordCell(*w, cell.Symbol, cell.Color, column, line);
 }
 
 void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t firstColumn,
