@@ -352,6 +352,16 @@ std::optional<FrameSides> AskFrameSides(std::chrono::milliseconds patience) {
     return std::nullopt;
 }
 
+bool ButtonHeld() {
+    const Connection connection = Connect();
+    if (connection == nullptr) return false;
+    const auto request = xcb_query_pointer(connection.get(), FirstScreen(connection.get()).root);
+    const Answer<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(connection.get(), request, nullptr));
+    constexpr std::uint16_t kButtons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    return pointer != nullptr && (pointer->mask & kButtons) != 0;
+}
+
 ClipboardAnswer AskClipboardText(std::size_t most, std::chrono::milliseconds patience) {
     auto transfer = std::make_unique<Transfer>(most, patience);
     ClipboardAnswer answer = transfer->Run();

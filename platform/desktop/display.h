@@ -31,6 +31,9 @@ struct FrameSides {
 /// `patience`, or when there is no X display.
 [[nodiscard]] std::optional<FrameSides> AskFrameSides(std::chrono::milliseconds patience);
 
+/// Whether somebody holds a mouse button, wherever on the X display; false when there is none.
+[[nodiscard]] bool ButtonHeld();
+
 /// What the program that owns the clipboard of the X display says when it is asked for its text.
 struct ClipboardAnswer {
     bool Given = false;               // in time

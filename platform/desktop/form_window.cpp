@@ -63,7 +63,7 @@ QWidget* MakeChoice(const FormRow& row) {
     auto* const choice = new QComboBox;
     for (const std::string& option : row.Options) choice->addItem(ToQt(option));
     choice->setCurrentIndex(static_cast<int>(row.Value));
-    QObject::connect(choice, &QComboBox::currentIndexChanged, [changed = row.Changed](int index) {
+    QObject::connect(choice, &QComboBox::activated, [changed = row.Changed](int index) {
         if (changed && index >= 0) changed(index);
     });
     auto* const line = new QWidget;

@@ -99,6 +99,7 @@ class HostWindow : public Window, private HostWidgetOwner {
     [[nodiscard]] bool IsMaximized() const;
     void Settle();
     void TakeAnswer(const QRect& seen);
+    [[nodiscard]] bool HasItsSize() const;
     void Follow();
     void Adopt(const QRect& seen);
     [[nodiscard]] QRect SeenContent() const;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/desktop/desk.h"
+#include "platform/desktop/display.h"
 #include "platform/desktop/host_window.h"
 #include "platform/desktop/placing.h"
 
@@ -167,12 +168,18 @@ void HostWindow::TakeAnswer(const QRect& seen) {
     ApplyPlace();
 }
 
+bool HostWindow::HasItsSize() const {
+    return sizing_ != Sizing::ByZoom || IsMaximized() || shown_.size() == refused_ ||
+           shown_.size() == Zoomed(ContentSize(), FittingZoom());
+}
+
 // Gives a window that is sized by zoom its proportions back: at the zoom that a person pulled it
-// to, or at the one that fits the screen that it was moved to.
+// to, or at the one that fits the screen that it was moved to. A person who still pulls or moves
+// it would see it jump.
 void HostWindow::Follow() {
+    if (!HasItsSize() && ButtonHeld()) return settle_.start(kSettleMs);
     const QRect from = std::exchange(rested_, shown_);
-    if (sizing_ != Sizing::ByZoom || IsMaximized() || shown_.size() == refused_) return;
-    if (shown_.size() == Zoomed(ContentSize(), FittingZoom())) return;
+    if (HasItsSize()) return;
     if (shown_.size() != from.size()) pulled_ = PulledZoom(ContentSize(), from, shown_);
     Adopt(InRoom(KeepingSides(from, shown_, Zoomed(ContentSize(), FittingZoom()))));
     Ask();

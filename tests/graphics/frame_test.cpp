@@ -233,21 +233,32 @@ TEST_F(Frames, FollowEveryWayToWriteAndLookAtNothingElse) {
         picture.Order = PixelOrder::AlphaRedGreenBlue;
         EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
     }
-    // A block that stands already is no change; one of which something is gone is painted anew.
-    for (int time = 0; time < 3; ++time) {
-        t_PrintSymbol(0, 3, 0x1C, 5, 14);
-        EXPECT_EQ(t_WindowImage(0, picture) == platform::Rows{}, time > 0);
-        ASSERT_EQ(picture, Expected(w, picture.Order));
-        if (time == 1) toolkit::Poke(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 23, 99);
-    }
-    EXPECT_EQ(toolkit::Peek(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 23),
-              toolkit::Peek(w.MemoryStart + 13 * 8 * row + 4 * 24 + row + 20));
     // Without a mark nothing is seen, until a program says that it writes so.
     const_cast<std::uint8_t*>(t_Memory.data())[far] ^= 1;
     EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
     t_Memory.dataForWriting()[far] ^= 3;
     EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
     EXPECT_EQ(picture, Expected(w, picture.Order));
+}
+
+TEST_F(Frames, ABlockThatStandsIsNoChangeAndOneThatIsTornIsMended) {
+    t_Font font = TestFont();
+    font.Width = 16;  // rows of whole vectors
+    font.Height = 4;
+    Open(0, 24, 20, 20, font);
+    Picture picture;
+    const auto changes = [&picture] { return t_WindowImage(0, picture) != platform::Rows{}; };
+    constexpr std::int64_t kSecondCell = 48;
+    for (const bool first : {true, true, false}) {  // kept ready to paint from the second time on
+        t_PrintSymbol(0, 3, first ? 0x1C : 0x1E, 2, 1);
+        t_PrintSymbol(0, 3, 0x1C, 2, 1);
+        EXPECT_EQ(changes(), first);
+        if (first) toolkit::Poke(w.MemoryStart + kSecondCell, 99);
+        EXPECT_EQ(changes(), first);
+        t_PrintSymbol(0, 3, 0x1C, 2, 1);
+        EXPECT_NE(toolkit::Peek(w.MemoryStart + kSecondCell), 99);
+        EXPECT_EQ(changes(), first);
+    }
 }
 
 TEST_F(Frames, SnapshotsAreMadeOfWindowsWithAView) {
