@@ -151,6 +151,11 @@ std::string Screen::Describe(const std::string& window) const {
     return OutputOf("xwininfo -display " + display_ + " -id " + window + " 2>/dev/null");
 }
 
+void Screen::Reserve(const std::string& window, int rows) const {
+    OutputOf("xprop -display " + display_ + " -id " + window +
+             " -f _NET_WM_STRUT 32c -set _NET_WM_STRUT 0,0," + std::to_string(rows) + ",0");
+}
+
 void Screen::Keyboard(const std::string& layout) const {
     OutputOf("setxkbmap -display " + display_ + " " + layout + " 2>&1");
 }

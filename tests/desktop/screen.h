@@ -59,6 +59,8 @@ class Screen {
     [[nodiscard]] std::string Do(const std::string& words) const;
     /// What the X server knows of a window.
     [[nodiscard]] std::string Describe(const std::string& window) const;
+    /// Has a window keep rows at the top of the screen free, as a panel does.
+    void Reserve(const std::string& window, int rows) const;
     void Keyboard(const std::string& layout) const;
     void Press(const std::string& key) const;
     void Type(const std::string& text) const;

@@ -200,6 +200,21 @@ TEST_F(SmallScreen, HasTheWholeGame) {
     EXPECT_TRUE(Eventually([&] { return ShowsAllOf(window); }));
 }
 
+TEST_F(SmallScreen, GivesRoomToAPanelAndTakesItBack) {
+    const std::string window = OpenProbe();
+    const Place before = PlaceOf(window, screen);
+    Command("front 10");
+    const std::string panel = screen.WindowTitled("Systemkonsole");
+    screen.Reserve(panel, 300);
+    EXPECT_TRUE(Eventually([&] {
+        const Place at = PlaceOf(window, screen);
+        return at.Y >= 320 && at.Y + at.Height < 600;
+    }));
+    screen.Reserve(panel, 0);
+    EXPECT_TRUE(Becomes(window, before.Width, before.Height));
+    EXPECT_EQ(PlaceOf(window, screen).Y, before.Y);
+}
+
 class TilingManager : public Zoom {
   protected:
     TilingManager() : Zoom(Shown()) {}
