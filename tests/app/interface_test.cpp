@@ -175,7 +175,7 @@ TEST_F(Interface, ZoomIsForTheEyesOnly) {
     auto& host = Host(3);
     const platform::Rect frame = host.Frame();
     const std::string choice = "Größe der offenen Grafikfenster";
-    EXPECT_EQ(RowOf(11, choice).Options.at(RowOf(11, choice).Value), "100 %");
+    EXPECT_EQ(*(RowOf(11, choice).Options.data() + RowOf(11, choice).Value), "100 %");
     for (const auto& [index, zoom] : {std::pair{4, 1.5}, {0, 0.5}, {9, 0.5}}) {
         Change(11, choice, index);
         EXPECT_EQ(host.Zoom(), zoom) << index;
