@@ -249,15 +249,14 @@ TEST_F(Frames, ABlockThatStandsIsNoChangeAndOneThatIsTornIsMended) {
     Picture picture;
     const auto changes = [&picture] { return t_WindowImage(0, picture) != platform::Rows{}; };
     constexpr std::int64_t kSecondCell = 48;
-    for (const bool first : {true, true, false}) {  // kept ready to paint from the second time on
-        t_PrintSymbol(0, 3, first ? 0x1C : 0x1E, 2, 1);
+    for (int round = 0; round < 3; ++round) {  // kept ready to paint from the second time on
         t_PrintSymbol(0, 3, 0x1C, 2, 1);
-        EXPECT_EQ(changes(), first);
-        if (first) toolkit::Poke(w.MemoryStart + kSecondCell, 99);
-        EXPECT_EQ(changes(), first);
+        EXPECT_EQ(changes(), round == 0);
+        toolkit::Poke(w.MemoryStart + kSecondCell, 99);
+        EXPECT_TRUE(changes());
         t_PrintSymbol(0, 3, 0x1C, 2, 1);
         EXPECT_NE(toolkit::Peek(w.MemoryStart + kSecondCell), 99);
-        EXPECT_EQ(changes(), first);
+        EXPECT_TRUE(changes());
     }
 }
 
