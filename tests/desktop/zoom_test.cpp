@@ -121,6 +121,30 @@ TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     EXPECT_EQ(PlaceOf(window).X, Pos(13));
 }
 
+TEST_F(Zoom, FollowsItsKeysOnEveryKeyboard) {
+    const std::string window = OpenProbe();
+    const Place before = PlaceOf(window, screen);
+    const int menus = before.Height - kContent;
+    struct Row {
+        const char* Layout;
+        const char* Larger;  // the numbers of the keys' places
+        const char* Smaller;
+    };
+    for (const Row& row :
+         {Row{"us", "21", "20"}, Row{"us", "86", "82"}, Row{"de", "35", "61"},
+          Row{"de nodeadkeys", "35", "61"}, Row{"ch", "10", "61"}, Row{"fr", "21", "82"}}) {
+        screen.Keyboard(row.Layout);
+        screen.Press(std::string("ctrl+shift+") + row.Larger);
+        EXPECT_TRUE(Becomes(window, kContent * 5 / 4, kContent * 5 / 4 + menus)) << row.Layout;
+        screen.Press("ctrl+shift+19");
+        EXPECT_TRUE(Becomes(window, before.Width, before.Height)) << row.Layout;
+        screen.Press(std::string("ctrl+shift+") + row.Smaller);
+        EXPECT_TRUE(Becomes(window, kContent * 3 / 4, kContent * 3 / 4 + menus)) << row.Layout;
+        screen.Press("ctrl+shift+19");
+        EXPECT_TRUE(Becomes(window, before.Width, before.Height)) << row.Layout;
+    }
+}
+
 TEST_F(Zoom, FollowsTheSideThatIsPulled) {
     const std::string window = OpenProbe();
     const int menus = PlaceOf(window).Height - kContent;
