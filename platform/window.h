@@ -121,8 +121,8 @@ struct FormRow {
     std::function<void(std::int64_t)> Changed;  // called on the main thread
     // Both are asked when the window is shown, and every now and then while it is to be seen.
     std::function<bool()> Enabled;  // none: always
-    std::function<std::string()>
-        Wording;  // instead of Title, of a Label or a Button; empty: no row
+    /// What a label or a button says instead of Title; a row that says nothing is left out.
+    std::function<std::string()> Wording;
 };
 
 /// The parts of a window that shows a drawn picture.

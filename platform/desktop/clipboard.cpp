@@ -13,7 +13,7 @@ namespace platform::desktop {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{300};
+constexpr std::chrono::milliseconds kPatience{90};
 constexpr qsizetype kMostText = 8 << 20;
 
 // The end of a text that was cut may be half a character.
