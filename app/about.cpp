@@ -15,8 +15,8 @@ constexpr const char* kWhatItIs =
 
 void ShowAbout() {
     const std::string name = ProgramName();
-    const std::string version = "Korvandi " KORVANDI_VERSION;
-    const std::string made = name == "Korvandi" ? version : "Geschrieben für " + version;
+    const std::string made = name == "Korvandi" ? "Version " KORVANDI_VERSION
+                                                : "Geschrieben für Korvandi " KORVANDI_VERSION;
     static_cast<void>(platform::Current().Dialogs->RunAlert(
         {name,
          made + ".\n\n" + kWhatItIs +

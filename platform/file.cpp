@@ -44,7 +44,7 @@ fs::path BehindLinks(fs::path path, std::error_code& error) {
 // A new file that becomes another one's content, or goes without a trace.
 class Replacement {
   public:
-    explicit Replacement(const fs::path& target) : target_(target) {}
+    explicit Replacement(fs::path target) : target_(std::move(target)) {}
     ~Replacement() {
         if (descriptor_ >= 0) close(descriptor_);
         if (made_) unlink(path_.c_str());
@@ -94,8 +94,8 @@ class Replacement {
 
     // Owner and permissions; only the system's administrator may give a file away.
     [[nodiscard]] bool MakeAlike() const {
-        constexpr uid_t kSameOwner = static_cast<uid_t>(-1);
-        constexpr gid_t kSameGroup = static_cast<gid_t>(-1);
+        constexpr auto kSameOwner = static_cast<uid_t>(-1);
+        constexpr auto kSameGroup = static_cast<gid_t>(-1);
         const bool group = fchown(descriptor_, kSameOwner, before_.st_gid) == 0;
         static_cast<void>(!fchown(descriptor_, before_.st_uid, kSameGroup));
         // What a group was allowed is nothing for another group.

@@ -2,18 +2,16 @@
 #include "platform/headless/headless.h"
 #include "toolkit/toolkit.h"
 
-// A program that earns warnings: a name in two places, a narrowed number, one that nobody uses.
+// A program that earns warnings: a name in two places, a narrowed number.
 
 int main() {
     platform::headless::Headless desktop;
-    int lines = 25;
-    {
-        long lines = 80;
-        unsigned char columns = lines;
-    }
+    const long lines = 25;
     RunProgram([&] {
-        t_InitWindow(0, 24, 80, lines, 16, "none.font");
+        const std::int64_t lines = t_ThreadNumber();
+        const std::uint8_t window = lines;
+        t_InitWindow(window, 24, 80, lines, 16, "none.font");
         desktop.Terminate();
     });
-    platform::Application::Leave();
+    platform::Application::Leave(lines == 25 ? 0 : 1);
 }

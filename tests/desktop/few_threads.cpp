@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <new>
 
 // Preloaded into a program: no more threads than KORVANDI_THREADS says can run beside the main
 // thread at a time.
@@ -34,10 +35,11 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
                               void* (*body)(void*), void* argument) {
     using Create = int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
     static const auto create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
-    static const int most = std::atoi(std::getenv("KORVANDI_THREADS"));
-    if (++running > most) {
+    static const char* const most = std::getenv("KORVANDI_THREADS");
+    auto start = std::unique_ptr<Start>(new (std::nothrow) Start{body, argument});
+    if (++running > (most == nullptr ? 0 : std::atoi(most)) || start == nullptr) {
         --running;
         return EAGAIN;
     }
-    return create(thread, attributes, Run, new Start{body, argument});
+    return create(thread, attributes, Run, start.release());
 }

@@ -236,7 +236,7 @@ TEST_F(Frames, FollowEveryWayToWriteAndLookAtNothingElse) {
     // Without a mark nothing is seen, until a program says that it writes so.
     const_cast<std::uint8_t*>(t_Memory.data())[far] ^= 1;
     EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
-    t_Memory.dataForWriting()[far] ^= 3;
+    t_Memory.DataForWriting()[far] ^= 3;
     EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
     EXPECT_EQ(picture, Expected(w, picture.Order));
 }

@@ -15,7 +15,7 @@
 //   | reserved     | free                               | handed out       | spare bytes |
 
 // Frames look only at pieces of memory that were written to since: every write leaves a mark. What
-// a program writes past the functions below it asks dataForWriting for.
+// a program writes past the functions below it asks DataForWriting for.
 
 /// The bytes at the addresses 0 to size() - 1. Empty until t_InitMemory, then kept for ever.
 class t_MemoryArray {
@@ -27,7 +27,7 @@ class t_MemoryArray {
 
     /// The same bytes for a program that writes to them itself, through relaxed atomics. It leaves
     /// no marks: from the first call on every frame looks at all of its bytes. Any thread.
-    [[nodiscard]] std::uint8_t* dataForWriting() {
+    [[nodiscard]] std::uint8_t* DataForWriting() {
         unmarked_.store(true, std::memory_order_release);
         return bytes_.load(std::memory_order_acquire);
     }
