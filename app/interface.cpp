@@ -12,7 +12,7 @@
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
-#include "toolkit/graphics/graphic_view.h"
+#include "toolkit/start/graphic_view.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/placement.h"
 #include "toolkit/window/window.h"

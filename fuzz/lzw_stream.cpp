@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fuzz/support.h"
-#include "toolkit/text/lzw.h"
+#include "toolkit/font/lzw.h"
 
 // The first byte is the width of the codes, the rest is the stream. The plain way, with bits in a
 // string and a dictionary of strings, gives the same.

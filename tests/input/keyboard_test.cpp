@@ -123,26 +123,6 @@ TEST_F(Keyboard, PressesThatReachNoProgramStillHoldAKeyDown) {
     EXPECT_EQ(t_EventQueue.size(), 1);
 }
 
-TEST_F(Keyboard, EventsOfManyThreadsArriveInOrderAndNoneIsLost) {
-    constexpr std::int64_t kEach = 50'000;
-    std::vector<std::jthread> threads;
-    for (std::int64_t n = 0; n < 4; ++n) {
-        threads.emplace_back([n] {
-            t_Event event;
-            event.Index = n;
-            for (; event.Value < kEach; ++event.Value) t_MouseEventQueue.Append(event);
-        });
-    }
-    std::vector<std::int64_t> next(4);
-    for (std::int64_t taken = 0; taken < 4 * kEach;) {
-        const std::optional<t_Event> event = t_MouseEventQueue.Take();
-        if (!event) continue;
-        ++taken;
-        ASSERT_EQ(event->Value, next.at(static_cast<std::size_t>(event->Index))++);
-    }
-    EXPECT_FALSE(t_MouseEventPending);
-}
-
 TEST_F(Keyboard, KeysOfTwoThreadsArriveInOrderAndNoneIsLost) {
     constexpr std::int64_t kEach = 3000;
     OpenSmall(0);

@@ -96,27 +96,3 @@ TEST_F(Pasting, QueuesNoMoreThanTheFieldMayTake) {
     EXPECT_LE(QueuedFor("y-", 4), 20);
     EXPECT_EQ(QueuedFor("€", 0), 1'000'002 / 3 * 6);  // for whoever reads after the field
 }
-
-TEST_F(Pasting, EventsWaitAsTheyAre) {
-    for (int run = 0; run < 2000; ++run) {
-        const auto number = [this] {
-            return random.OneOf({0, 1, -3, 255, 65'536, INT32_MAX, INT64_MIN, 800'000'000'123});
-        };
-        t_Event event;
-        for (auto* field : {&event.Kind, &event.Index, &event.Value, &event.WindowX, &event.WindowY,
-                            &event.ClickX, &event.ClickY, &event.Mods, &event.Time}) {
-            *field = random.Between(0, 9) == 0 ? number() : random.Between(0, 255);
-        }
-        event.Window = random.Byte();
-        event.Description = std::string("äöü€😀").substr(0, random.Byte() % 14);
-        for (auto* flag : {&event.CloseBox, &event.CapsLockPressed, &event.ShiftPressed,
-                           &event.ControlPressed, &event.OptionPressed, &event.CommandPressed,
-                           &event.NumericPadPressed, &event.HelpPressed, &event.FnPressed,
-                           &event.CursorKeyPressed, &event.FunctionKeyPressed}) {
-            *flag = random.Coin();
-        }
-        t_MouseEventQueue.Append(event);
-        ASSERT_EQ(t_MouseEventQueue[0], event);
-        ASSERT_EQ(t_MouseEventQueue.Take(), event);
-    }
-}

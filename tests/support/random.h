@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "toolkit/text/font.h"
+#include "toolkit/font/font.h"
 
 /// Numbers for tests with random input, the same in every run.
 class Random {

@@ -10,8 +10,8 @@
 #include <cstring>
 #include <utility>
 
+#include "toolkit/core/palette.h"
 #include "toolkit/core/shared_bytes.h"
-#include "toolkit/graphics/palette.h"
 #include "toolkit/graphics/wide_pixels.h"
 
 // Every depth has one plain loop, right on every machine. From 4 bits on there is also one that

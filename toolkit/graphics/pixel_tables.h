@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "platform/picture.h"
-#include "toolkit/graphics/palette.h"
+#include "toolkit/core/palette.h"
 #include "toolkit/graphics/pixel_rows.h"
 
 // What the loops by vectors of 32 and 64 bytes share: vectors made when the program is compiled,

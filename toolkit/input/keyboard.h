@@ -4,7 +4,7 @@
 
 #include "platform/input.h"
 #include "toolkit/core/shared.h"
-#include "toolkit/input/event.h"
+#include "toolkit/events/event.h"
 
 // From key presses to key events. Main thread; the flags may be read on any thread.
 

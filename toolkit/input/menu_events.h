@@ -5,7 +5,7 @@
 
 #include "platform/menu.h"
 #include "toolkit/core/handler.h"
-#include "toolkit/input/menu.h"
+#include "toolkit/events/menu.h"
 
 // What happens when a menu item is chosen, and the file dialogs.
 //

@@ -9,7 +9,7 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/runtime.h"
-#include "toolkit/input/event.h"
+#include "toolkit/events/event.h"
 #include "toolkit/input/keyboard.h"
 #include "toolkit/window/placement.h"
 #include "toolkit/window/window.h"

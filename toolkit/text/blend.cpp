@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstddef>
 
-#include "toolkit/graphics/palette.h"
+#include "toolkit/core/palette.h"
 
 namespace toolkit {
 

@@ -8,7 +8,7 @@
 #include "toolkit/core/color.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/shared.h"
-#include "toolkit/text/font.h"
+#include "toolkit/font/font.h"
 #include "toolkit/window/shared_rect.h"
 
 namespace platform {

@@ -1,4 +1,4 @@
-#include "toolkit/input/escapes.h"
+#include "toolkit/core/escapes.h"
 
 #include <algorithm>
 #include <cstdint>

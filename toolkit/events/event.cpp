@@ -1,4 +1,4 @@
-#include "toolkit/input/event.h"
+#include "toolkit/events/event.h"
 
 #include <algorithm>
 #include <iterator>

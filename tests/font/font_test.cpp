@@ -1,4 +1,4 @@
-#include "toolkit/text/font.h"
+#include "toolkit/font/font.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "toolkit/text/font.h"
+#include "toolkit/font/font.h"
 
 // Opening graphic windows. Program thread. The first window sets up the whole toolkit and starts
 // the refresh loop. Problems are reported on standard output only; P stands for "t_InitWindow:

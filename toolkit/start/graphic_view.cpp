@@ -1,4 +1,4 @@
-#include "toolkit/graphics/graphic_view.h"
+#include "toolkit/start/graphic_view.h"
 
 #include "toolkit/core/runtime.h"
 #include "toolkit/graphics/frame.h"

@@ -1,4 +1,4 @@
-#include "toolkit/window/init_window.h"
+#include "toolkit/start/init_window.h"
 
 #include <algorithm>
 #include <optional>
@@ -11,10 +11,10 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/outlets.h"
 #include "toolkit/core/output.h"
+#include "toolkit/core/palette.h"
 #include "toolkit/core/runtime.h"
 #include "toolkit/core/tables.h"
 #include "toolkit/graphics/lo_res.h"
-#include "toolkit/graphics/palette.h"
 #include "toolkit/graphics/refresh.h"
 #include "toolkit/window/blocks.h"
 #include "toolkit/window/host_windows.h"

@@ -1,11 +1,11 @@
-#include "toolkit/text/font.h"
+#include "toolkit/font/font.h"
 
 #include <algorithm>
 #include <span>
 
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
-#include "toolkit/text/lzw.h"
+#include "toolkit/font/lzw.h"
 #include "toolkit/window/window.h"
 
 const std::vector<std::uint8_t>& t_FontIdentifier =

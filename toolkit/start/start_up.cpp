@@ -7,7 +7,7 @@
 #include "toolkit/core/outlets.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/runtime.h"
-#include "toolkit/input/menu.h"
+#include "toolkit/events/menu.h"
 #include "toolkit/input/menu_bar.h"
 #include "toolkit/window/window.h"
 

@@ -10,7 +10,7 @@
 #include "platform/menu.h"
 #include "toolkit/core/handler.h"
 #include "toolkit/core/shared.h"
-#include "toolkit/input/event_queue.h"
+#include "toolkit/events/event_queue.h"
 
 // Chosen menu items: recorded for the program, and their built-in actions.
 

@@ -1,4 +1,4 @@
-#include "toolkit/text/lzw.h"
+#include "toolkit/font/lzw.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "toolkit/input/menu.h"
+#include "toolkit/events/menu.h"
 
 #include <algorithm>
 #include <utility>

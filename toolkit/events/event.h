@@ -6,7 +6,7 @@
 #include <string>
 
 #include "toolkit/core/shared.h"
-#include "toolkit/input/event_queue.h"
+#include "toolkit/events/event_queue.h"
 
 // Key presses and clicks as the program sees them. They are queued on the main thread and taken on
 // the program thread; nothing limits the queues and nothing drops old events.
