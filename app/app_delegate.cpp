@@ -7,10 +7,11 @@
 #include "platform/platform.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
 #include "toolkit/core/tables.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/input/menu_events.h"
 #include "toolkit/input/mouse.h"
+#include "toolkit/start/quit.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 

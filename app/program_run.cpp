@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/main_queue.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 
 namespace {
 

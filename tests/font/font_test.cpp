@@ -116,11 +116,3 @@ TEST_F(FontFiles, InCompressedFormatsAreUnpacked) {
         EXPECT_EQ(Lines, "");
     }
 }
-
-TEST_F(FontFiles, AWindowsFontIsReplacedAlone) {
-    t_InitWindow(2, 8, true, 64, 32, 0, 0, TestFont(), true);
-    t_Window expected = t_Windows[2];
-    expected.Font.Width = 4;
-    EXPECT_EQ(Printed([&] { t_WindowFont(2, expected.Font); }), "");
-    EXPECT_EQ(t_Windows[2], expected);
-}

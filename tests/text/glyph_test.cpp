@@ -208,6 +208,14 @@ TEST_F(Glyphs, NeedAFontAndACellOfThePicture) {
 }
 
 // Threads that draw the same glyphs share what was finished before.
+TEST_F(Glyphs, AWindowsFontIsReplacedAlone) {
+    t_InitWindow(2, 8, true, 64, 32, 0, 0, TestFont(), true);
+    t_Window expected = t_Windows[2];
+    expected.Font.Width = 4;
+    EXPECT_EQ(Printed([&] { t_WindowFont(2, expected.Font); }), "");
+    EXPECT_EQ(t_Windows[2], expected);
+}
+
 TEST_F(Glyphs, OfSeveralThreadsDoNotMix) {
     constexpr int kColors = 24;
     constexpr int kGlyphs = 256 * kColors;

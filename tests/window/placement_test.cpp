@@ -191,6 +191,14 @@ TEST_F(Placement, CentersAndTitlesWindows) {
     EXPECT_EQ(t_Windows[5].TitleHeight, 28);
 }
 
+TEST_F(Placement, ColorsTheBorderAlone) {
+    t_Window expected = t_Windows[0];
+    expected.RGBColorBorder = t_RGBColor{255, 128, 64, 0};
+    t_ColorBorder(0, 24);
+    EXPECT_EQ(t_Windows[0], expected);
+    EXPECT_EQ(Host(0).Background, (platform::Color{255, 128, 64, 0}));
+}
+
 TEST_F(Placement, KnowsWhichWindowIsWhich) {
     const platform::Window* const others[] = {
         delegate.PasteboardWindow, delegate.VirtualPrinterWindow, delegate.SystemConsoleWindow,

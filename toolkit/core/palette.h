@@ -52,6 +52,11 @@ consteval t_PaletteTables TablesOfPalette() {
     return tables;
 }
 
+/// The colour number that `color` means: its low four bits.
+[[nodiscard]] constexpr std::int64_t Modulo16(std::int64_t color) {
+    return color & 15;
+}
+
 }  // namespace toolkit
 
 inline constexpr t_PaletteTables t_Palette = toolkit::TablesOfPalette();

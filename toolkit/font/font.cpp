@@ -6,7 +6,6 @@
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/font/lzw.h"
-#include "toolkit/window/window.h"
 
 const std::vector<std::uint8_t>& t_FontIdentifier =
     *new std::vector<std::uint8_t>{0x76, 0x78, 0x66, 0x6E};
@@ -101,9 +100,4 @@ t_Font t_FontDecompress(const t_Font& font) {
         plain.Data = t_LZWDecompress(t_UnpackCodes(data.subspan(1), data.front()));
     }
     return plain;
-}
-
-void t_WindowFont(std::uint8_t window, const t_Font& font) {
-    t_Window* const w = toolkit::UsableWindow(__func__, window, toolkit::Need::SetUp);
-    if (w != nullptr) w->Font = font;
 }

@@ -49,12 +49,6 @@ extern const std::vector<std::uint8_t>& t_FontIdentifier;
 /// and, without a line, when a compressed font holds no valid data.
 [[nodiscard]] t_Font t_LoadFontResource(std::string_view name);
 
-/// Makes `font` the font of graphic window `window` (0 to 7). The window's size, text grid, cursor
-/// and memory stay as they are. Program thread.
-/// Faults: "t_WindowFont: Window is not a graphic window."
-///         "t_WindowFont: Window #<window> not initialized."
-void t_WindowFont(std::uint8_t window, const t_Font& font);
-
 /// The whole content of the file at `path`. Any thread. A file that cannot be read prints
 ///   "getbinaryfromfile: Error #<reason>"
 /// and gives no bytes.

@@ -10,7 +10,7 @@
 #include "toolkit/core/memory.h"
 #include "toolkit/core/memory_changes.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/graphics/pixel_rows.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"

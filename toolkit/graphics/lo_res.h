@@ -1,12 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <string_view>
 
-// Block graphics on the text grid, and the operations that go with them. Every cell holds two
-// blocks, one above the other; the cell's colour byte holds both colours, the upper block's in the
-// high four bits, and the cell is drawn as character 3, whose glyph is ink in its upper half.
+// Block graphics on the text grid. Every cell holds two blocks, one above the other; the cell's
+// colour byte holds both colours, the upper block's in the high four bits, and the cell is drawn as
+// character 3, whose glyph is ink in its upper half.
 //
 //   block (bx, by), both from 0, lies in column bx + 1, line by / 2 + 1
 //     bx 0   1
@@ -21,11 +19,8 @@
 // Program thread; no lock. Every operation prints, without further effect,
 //   "<operation>: Window is not a graphic window."    window is 8 or more
 //   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or,
-//   where
-//                                                     cells are read or drawn, without text block
-
-/// The current colour of plots and text: colour number `color` modulo 16. The background stays.
-void t_Color(std::uint8_t window, std::int64_t color);
+//                                                     where cells are read or drawn, without text
+//                                                     block
 
 /// Stores the mode; any number.
 void t_LoResMode(std::uint8_t window, std::int64_t mode);
@@ -48,19 +43,3 @@ void t_PlotHalfSize(std::uint8_t window, std::int64_t x, std::int64_t y, bool pl
 /// The colour number of the block that plot point (x, y) names (its first one); -1 outside the
 /// grid, in mode 3 and unknown modes, and after a fault.
 [[nodiscard]] std::int64_t t_Scrn(std::uint8_t window, std::int64_t x, std::int64_t y);
-
-/// The colour around the picture: colour number `color` modulo 16. Any thread.
-void t_ColorBorder(std::uint8_t window, std::int64_t color);
-
-/// Redraws a rectangle of cells, from 1, with foreground and background exchanged. Nothing for one
-/// that is reversed or leaves the grid.
-void t_InvertRect(std::uint8_t window, std::int64_t firstColumn, std::int64_t firstLine,
-                  std::int64_t lastColumn, std::int64_t lastLine);
-
-/// Makes the whole grid the text area.
-void t_FullArea(std::uint8_t window);
-
-/// The text grid as a string: lines without their trailing blanks, separated by carriage returns,
-/// without empty lines at the end. `separator` stands after each line of the grid before the lines
-/// are cut at carriage returns. Empty after a fault. Any thread.
-[[nodiscard]] std::string t_GetScreen(std::uint8_t window, std::string_view separator);

@@ -7,7 +7,7 @@
 #include "toolkit/core/clock.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 

@@ -4,8 +4,8 @@
 
 #include "toolkit/core/clock.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
 #include "toolkit/core/strings.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/input/key_table.h"
 #include "toolkit/text/header.h"
 #include "toolkit/window/window.h"

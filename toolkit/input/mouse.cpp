@@ -8,7 +8,7 @@
 #include "toolkit/core/clock.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/events/event.h"
 #include "toolkit/input/keyboard.h"
 #include "toolkit/window/placement.h"

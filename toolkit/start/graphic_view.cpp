@@ -1,6 +1,6 @@
 #include "toolkit/start/graphic_view.h"
 
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/graphics/frame.h"
 #include "toolkit/input/keyboard.h"
 #include "toolkit/input/mouse.h"

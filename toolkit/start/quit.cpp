@@ -1,14 +1,17 @@
+#include "toolkit/start/quit.h"
+
 #include <string>
 
 #include "platform/platform.h"
 #include "toolkit/core/clock.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
-#include "toolkit/graphics/lo_res.h"
 #include "toolkit/graphics/refresh.h"
+#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/print.h"
 #include "toolkit/window/host_windows.h"
+
+toolkit::Handler& t_TerminateHandler = *new toolkit::Handler;
 
 namespace {
 

@@ -1,3 +1,5 @@
+#include "toolkit/start/start_up.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -6,16 +8,10 @@
 #include "toolkit/core/memory.h"
 #include "toolkit/core/outlets.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/events/menu.h"
 #include "toolkit/input/menu_bar.h"
 #include "toolkit/window/window.h"
-
-constinit toolkit::Shared<bool> t_MemoryStarted;
-constinit toolkit::Shared<bool> t_ToolsReady;
-constinit toolkit::Shared<toolkit::Outlets*> t_AppDelegate;
-constinit toolkit::Shared<std::int64_t> t_TitleBarHeight;
-toolkit::Handler& t_TerminateHandler = *new toolkit::Handler;
 
 namespace {
 

@@ -1,9 +1,10 @@
 #include <algorithm>
 
 #include "toolkit/core/numbers.h"
-#include "toolkit/graphics/lo_res.h"
+#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/print.h"
+#include "toolkit/window/placement.h"
 #include "toolkit/window/window.h"
 
 using toolkit::Need;

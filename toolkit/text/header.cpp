@@ -5,7 +5,7 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/strings.h"
 #include "toolkit/core/utf8.h"
-#include "toolkit/graphics/lo_res.h"
+#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/text/print.h"

@@ -8,7 +8,7 @@
 #include "toolkit/core/utf8.h"
 #include "toolkit/events/event.h"
 #include "toolkit/events/menu.h"
-#include "toolkit/graphics/lo_res.h"
+#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/window/window.h"

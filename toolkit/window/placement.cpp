@@ -7,8 +7,9 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/outlets.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/palette.h"
 #include "toolkit/core/sounds.h"
+#include "toolkit/core/threads.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 
@@ -308,5 +309,17 @@ void t_WindowTitleVisible(std::uint8_t window, bool visible) {
             t_Windows[window].TitleHeight = visible ? std::int64_t(t_TitleBarHeight) : 0;
         }
         host->SetStyleMask(mask);
+    });
+}
+
+void t_ColorBorder(std::uint8_t window, std::int64_t color) {
+    t_Window* const w = toolkit::UsableWindow(__func__, window, toolkit::Need::SetUp);
+    if (w == nullptr) return;
+    const t_RGBColor border = t_PaletteColor(toolkit::Modulo16(color));
+    w->RGBColorBorder = border;
+    RunOnMain([&] {
+        platform::Window* const host = t_WindowHostWindow(window);
+        if (host == nullptr) return;
+        host->SetBackgroundColor({border.Alpha, border.Red, border.Green, border.Blue});
     });
 }

@@ -58,3 +58,9 @@ void t_WindowTitle(std::uint8_t window, std::string_view title);
 
 /// Shows or hides the title bar. The frame keeps its size: t_WindowSize fits it.
 void t_WindowTitleVisible(std::uint8_t window, bool visible);
+
+/// The colour around the picture of graphic window `window` (0 to 7): colour number `color` modulo
+/// 16. A window without a platform window is no fault.
+/// Faults: "t_ColorBorder: Window is not a graphic window."
+///         "t_ColorBorder: Window #<window> not initialized."
+void t_ColorBorder(std::uint8_t window, std::int64_t color);

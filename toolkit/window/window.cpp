@@ -2,7 +2,7 @@
 
 #include "toolkit/core/memory.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
+#include "toolkit/core/threads.h"
 
 t_WindowTable& t_Windows = *new t_WindowTable;
 constinit toolkit::Shared<std::int64_t> t_HighMemory = toolkit::kHighestAddress;

@@ -1,3 +1,5 @@
+#include "toolkit/core/threads.h"
+
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -6,8 +8,9 @@
 #include "toolkit/core/clock.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/runtime.h"
 
+constinit toolkit::Shared<bool> t_MemoryStarted;
+constinit toolkit::Shared<bool> t_ToolsReady;
 constinit toolkit::Shared<bool> t_ProgramStartPending;
 constinit toolkit::Shared<std::int64_t> t_ProgramStackSize;
 std::function<void()>& t_ProgramEntry = *new std::function<void()>;

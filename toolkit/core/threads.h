@@ -5,11 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "toolkit/core/handler.h"
 #include "toolkit/core/shared.h"
 
-// The toolkit's runtime: the program thread, background workers, second-stage set-up, and the end
-// of the program.
+// The program thread, background workers, and how far the toolkit's set-up is.
 
 extern constinit toolkit::Shared<bool> t_MemoryStarted;  // t_InitMemory has begun
 extern constinit toolkit::Shared<bool> t_ToolsReady;     // t_InitMemory is done; never cleared
@@ -21,10 +19,6 @@ extern constinit toolkit::Shared<std::int64_t> t_ProgramStackSize;
 /// What the next started thread runs. Guarded by t_ProgramStartPending: set before it becomes true,
 /// taken before it becomes false.
 extern std::function<void()>& t_ProgramEntry;
-
-/// Run once when the application terminates, on the main thread; does nothing until a program sets
-/// it.
-extern toolkit::Handler& t_TerminateHandler;
 
 /// Runs `entry` on a new thread whose stack holds `stackSize` bytes. Returns once the thread has
 /// been made. Waits while an earlier start has not been taken. Any thread. A thread that cannot be
@@ -41,21 +35,6 @@ void t_RunInBackground(std::function<void()> entry);
 /// it, 0 for a thread without a number.
 [[nodiscard]] std::int64_t t_ThreadNumber();
 
-/// Second-stage set-up: memory, window table, menu actions, menus, pasteboard view. The first call
-/// does the work, later calls return at once. Any thread, normally the program thread. Logs
-///   "t_InitMemory: Start."  "t_InitMemory: End."
-/// and the lines of the menu clean-up.
-void t_InitMemory();
-
-/// Ends the calling thread, which startprocess must have started, and leaves "(Programm Ende)" in
-/// the window of that number (0 to 12; without such a window only the thread ends). The application
-/// stays open. Logs
-///   "t_QuitProgram: Quitting current thread with message in window #<window>."
-///   "t_QuitProgram: Quitting current thread."      no such window
-/// Objects on the thread's stack are destroyed on the way. On the main thread, without which there
-/// is no application, it ends the application.
-[[noreturn]] void t_QuitProgram(std::uint8_t window);
-
 namespace toolkit {
 
 /// As startprocess; returns an empty text, or why no thread could be made.
@@ -63,9 +42,6 @@ std::string StartProcess(std::function<void()> entry, std::int64_t stackSize);
 
 /// As t_RunInBackground, the line under the name `operation`; whether a worker could be made.
 bool RunInBackground(std::string_view operation, std::function<void()> entry);
-
-/// Makes sure that t_InitMemory was called and waits until the toolkit is ready.
-void WaitForTools();
 
 /// The number that a thread's description shows between "number = " and the next comma; 0 without
 /// one.
