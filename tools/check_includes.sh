@@ -2,15 +2,24 @@
 # Checks that every include line points the way the folders may: down, never up, and that Qt and the
 # sound libraries stay in the desktop platform. Prints each line that does not; exits 1 if there is
 # one.
+# usage: check_includes.sh [root of the tree]
 set -euo pipefail
-cd "$(dirname "$0")/.."
+cd "${1:-$(dirname "$0")/..}"
 
 # folder | what its files may include of ours, as an extended regular expression
 rules='
 platform          | ^platform/[a-z_]+\.h$
 platform/headless | ^platform/([a-z_]+\.h|headless/.*)$
 platform/desktop  | ^platform/([a-z_]+\.h|desktop/.*)$
-toolkit           | ^(toolkit|platform)/([a-z]+/)?[a-z_0-9]+\.h$
+toolkit           | ^toolkit/[a-z]+/[a-z_0-9]+\.h$
+toolkit/core      | ^(platform|toolkit/core)/[a-z_0-9]+\.h$
+toolkit/events    | ^(platform|toolkit/(core|events))/[a-z_0-9]+\.h$
+toolkit/font      | ^(platform|toolkit/(core|font))/[a-z_0-9]+\.h$
+toolkit/window    | ^(platform|toolkit/(core|font|window))/[a-z_0-9]+\.h$
+toolkit/text      | ^(platform|toolkit/(core|events|font|window|text))/[a-z_0-9]+\.h$
+toolkit/graphics  | ^(platform|toolkit/(core|events|font|window|text|graphics))/[a-z_0-9]+\.h$
+toolkit/input     | ^(platform|toolkit/(core|events|font|window|text|graphics|input))/[a-z_0-9]+\.h$
+toolkit/start     | ^(platform|toolkit/[a-z]+)/[a-z_0-9]+\.h$
 game              | ^(game/.*|toolkit/toolkit\.h)$
 app               | .
 '
@@ -26,13 +35,18 @@ while IFS='|' read -r folder allowed; do
     allowed=${allowed# }
     [ -n "$folder" ] || continue
     depth=()
-    [ "$folder" = platform ] && depth=(-maxdepth 1)
+    case $folder in platform | toolkit) depth=(-maxdepth 1) ;; esac
     while IFS= read -r file; do
         while IFS= read -r name; do
             [[ $name =~ $allowed ]] || complain "$file: may not include \"$name\""
         done < <(sed -n 's/^#include "\(.*\)"$/\1/p' "$file")
     done < <(find "$folder" "${depth[@]}" -name '*.h' -o "${depth[@]}" -name '*.cpp')
 done <<< "$rules"
+
+# A folder without a row would be checked by nobody.
+while IFS= read -r folder; do
+    grep -q "^$folder  *|" <<< "$rules" || complain "$folder: has no rule"
+done < <(find platform toolkit -mindepth 1 -type d)
 
 # The toolkit knows the seam, not what implements it.
 while IFS= read -r line; do
