@@ -1,5 +1,8 @@
 #include "tests/support/fixture.h"
 
+#include <atomic>
+#include <thread>
+
 #include "app/interface.h"
 
 namespace {
@@ -60,6 +63,21 @@ std::string ToolkitTest::Printed(const std::function<void()>& action) {
     desktop.ClearPrinted();
     action();
     return desktop.Printed();
+}
+
+void ToolkitTest::OnTwoThreads(const std::function<void(int thread)>& action) {
+    std::atomic<int> ready = 0;
+    std::atomic<int> done = 0;
+    const auto run = [&](int thread) {
+        ++ready;
+        while (ready < 2) {
+        }
+        action(thread);
+        ++done;
+    };
+    const std::jthread first(run, 0);
+    const std::jthread second(run, 1);
+    ASSERT_TRUE(desktop.ServeUntil([&] { return done == 2; }));
 }
 
 platform::headless::HeadlessView& ToolkitTest::View(std::uint8_t window) {

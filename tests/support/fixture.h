@@ -24,6 +24,9 @@ class ToolkitTest : public testing::Test {
     /// What `action` printed on standard output.
     std::string Printed(const std::function<void()>& action);
 
+    /// Two threads run `action`, 0 and 1, and begin together.
+    void OnTwoThreads(const std::function<void(int thread)>& action);
+
     /// A view of the headless desktop, graphic window 0 to 7.
     platform::headless::HeadlessView& View(std::uint8_t window);
     /// A window of the headless desktop by its number, 0 to 12.
