@@ -15,6 +15,7 @@
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 
+using toolkit::IsVisible;
 using toolkit::PrintLine;
 
 namespace {
@@ -54,11 +55,6 @@ void LayOut(const toolkit::Outlets& outlets, const LayoutRow& row, const platfor
     if (ruler == nullptr) return;
     const platform::Rect before = ruler->Frame();
     ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - kRulerWidth, kRulerHeight});
-}
-
-bool IsVisible(std::uint8_t window) {
-    const platform::Window* const host = t_WindowHostWindow(window);
-    return host != nullptr && host->IsVisible();
 }
 
 std::int64_t VisibleWindows() {

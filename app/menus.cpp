@@ -18,6 +18,7 @@
 namespace {
 
 using platform::MenuItem;
+using toolkit::IsVisible;
 using toolkit::kConsoleWindow;
 using toolkit::kGraphicWindows;
 using toolkit::kMainWindow;
@@ -51,11 +52,6 @@ bool HasTextToSave(std::uint8_t window) {
 bool HoldsText(std::uint8_t window) {
     const platform::TextView* const view = t_WindowTextView(window);
     return view != nullptr && !view->Text().empty();
-}
-
-bool IsVisible(std::uint8_t window) {
-    const platform::Window* const host = t_WindowHostWindow(window);
-    return host != nullptr && host->IsVisible();
 }
 
 bool AnyIsVisible(std::uint8_t /*window*/) {

@@ -84,3 +84,8 @@ std::uint8_t toolkit::WindowNumber(const Window* window) {
         return kNoWindow;
     });
 }
+
+bool toolkit::IsVisible(std::uint8_t window) {
+    const Window* const host = t_WindowHostWindow(window);
+    return host != nullptr && host->IsVisible();
+}

@@ -25,4 +25,7 @@ namespace toolkit {
 /// The number of a platform window; 255 for nullptr and for a window without a number.
 [[nodiscard]] std::uint8_t WindowNumber(const platform::Window* window);
 
+/// Whether the window of this number is shown; false where there is none. Main thread.
+[[nodiscard]] bool IsVisible(std::uint8_t window);
+
 }  // namespace toolkit
