@@ -17,7 +17,7 @@ void ShowAbout() {
     const std::string name = ProgramName();
     const std::string made = name == "Korvandi" ? "Version " KORVANDI_VERSION
                                                 : "Geschrieben für Korvandi " KORVANDI_VERSION;
-    static_cast<void>(platform::Current().Dialogs->RunAlert(
+    static_cast<void>(platform::Current().Panels->RunAlert(
         {name,
          made + ".\n\n" + kWhatItIs +
              "\n\nFreie Software unter der MIT-Lizenz. Die Schriften beruhen auf DejaVu Sans Mono.",

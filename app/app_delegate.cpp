@@ -100,7 +100,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     PrintLine("applicationDidFinishLaunching: Start.");
     initvxtools();
     t_TitleBarHeight = MeasuredTitleBarHeight();
-    searched_ = platform::Current().Files->SearchedInVain();
+    searched_ = platform::Current().Resources->SearchedInVain();
     if (!searched_.empty()) {
         PrintLine("applicationDidFinishLaunching: Resources not found in ", List(searched_), ".");
     }
@@ -126,7 +126,7 @@ bool AppDelegate::windowShouldClose(platform::Window& window) {
 }
 
 void AppDelegate::windowDidResize(platform::Window& /*window*/) {
-    platform::Window* const main = platform::Current().App->MainWindow();
+    platform::Window* const main = platform::Current().Application->MainWindow();
     const std::uint8_t number = toolkit::WindowNumber(main);
     for (const LayoutRow& row : kLayouts) {
         if (row.Window == number) LayOut(*this, row, main->Frame());
@@ -183,10 +183,10 @@ void AppDelegate::ShowMainWindow() const {
 
 void AppDelegate::AskWhetherToQuit() {
     if (std::exchange(asking_, true)) return;
-    const std::int64_t answer = platform::Current().Dialogs->RunAlert(
+    const std::int64_t answer = platform::Current().Panels->RunAlert(
         {"Möchten Sie " + ProgramName() + " beenden?", "", {"Beenden", "Abbrechen"}});
     asking_ = false;
-    if (answer == 0) platform::Current().App->Terminate();
+    if (answer == 0) platform::Current().Application->Terminate();
 }
 
 void AppDelegate::MenuHandler(const platform::MenuItem& item) {

@@ -20,7 +20,7 @@ constexpr std::int64_t kSaveTag = 101;
 constexpr std::string_view kTextFiles = "txt";
 
 std::int64_t Ask(const platform::Alert& alert) {
-    return platform::AskMain([&] { return platform::Current().Dialogs->RunAlert(alert); });
+    return platform::AskMain([&] { return platform::Current().Panels->RunAlert(alert); });
 }
 
 std::string Quoted(std::string_view path) {
@@ -37,7 +37,7 @@ bool IsBinary(std::uint8_t byte) {
 std::string FaultOf(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     if (std::ranges::any_of(bytes, IsBinary)) return "Die Datei enthält keinen Text.";
     if (!bytes.empty()) return {};
-    const std::error_code error = platform::Current().Files->ReadFile(path).Error;
+    const std::error_code error = platform::Current().Resources->ReadFile(path).Error;
     return error ? FileFault(error) : std::string();
 }
 

@@ -27,7 +27,7 @@ constexpr double kTextWindowHeight = 480;
 template <typename View>
 void AddGraphicWindow(platform::View*& outlet) {
     static View& view = *new View;  // asked for pictures as long as the process lives
-    outlet = platform::Current().Windows->MakeGraphicWindow(view).Area;
+    outlet = platform::Current().WindowMaker->MakeGraphicWindow(view).Area;
 }
 
 void AddGraphicWindows(toolkit::Outlets& outlets) {
@@ -42,7 +42,7 @@ void AddGraphicWindows(toolkit::Outlets& outlets) {
 }
 
 void AddTextWindows(toolkit::Outlets& outlets) {
-    platform::WindowMaker& windows = *platform::Current().Windows;
+    platform::WindowMaker& windows = *platform::Current().WindowMaker;
     const auto pasteboard =
         windows.MakeTextWindow("Zwischenablage", kTextWindowWidth, kTextWindowHeight, false);
     outlets.PasteboardWindow = pasteboard.Host;
@@ -115,7 +115,7 @@ FormRow FirstWindowButton() {
 // program.
 void AddMainWindow(AppDelegate& delegate) {
     const std::string name = ProgramName();
-    delegate.MainWindow = platform::Current().Windows->MakeFormWindow(
+    delegate.MainWindow = platform::Current().WindowMaker->MakeFormWindow(
         "Hauptfenster",
         {
             Words(FormRow::Kind::Heading, name),
@@ -131,7 +131,7 @@ void AddMainWindow(AppDelegate& delegate) {
             Button(
                 "Neu starten", [&delegate] { delegate.TheRun().Start(); },
                 [&delegate] { return delegate.TheRun().IsOver(); }),
-            Button(name + " beenden", [] { platform::Current().App->Terminate(); }),
+            Button(name + " beenden", [] { platform::Current().Application->Terminate(); }),
         });
 }
 
@@ -192,7 +192,7 @@ FormRow SoundSwitch() {
 }
 
 void AddPreferencesWindow(toolkit::Outlets& outlets) {
-    outlets.PreferencesWindow = platform::Current().Windows->MakeFormWindow(
+    outlets.PreferencesWindow = platform::Current().WindowMaker->MakeFormWindow(
         "Einstellungen",
         {
             Words(FormRow::Kind::Heading, "Einstellungen"),

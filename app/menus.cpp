@@ -154,7 +154,7 @@ void AddItem(platform::Menu& menu, const ItemRow& row) {
 
 template <std::size_t Rows>
 void AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
-    platform::Menu& menu = platform::Current().Menus->Add(title);
+    platform::Menu& menu = platform::Current().MenuBar->Add(title);
     for (const ItemRow& row : rows) AddItem(menu, row);
 }
 
@@ -165,7 +165,7 @@ MenuItem OwnItem(std::string_view title, std::string_view key, std::function<voi
 }
 
 void AddProgramMenu(AppDelegate& delegate, const std::string& name) {
-    platform::Menu& menu = platform::Current().Menus->Add(name);
+    platform::Menu& menu = platform::Current().MenuBar->Add(name);
     menu.Add(OwnItem("Über " + name, "", ShowAbout));
     menu.AddSeparator();
     AddItem(menu, kPreferences);
@@ -175,13 +175,14 @@ void AddProgramMenu(AppDelegate& delegate, const std::string& name) {
     restart.CanBeChosen = [&delegate](const MenuItem& /*item*/) {
         return delegate.TheRun().IsOver();
     };
-    menu.Add(OwnItem(name + " beenden", "q", [] { platform::Current().App->Terminate(); }));
+    menu.Add(OwnItem(name + " beenden", "q", [] { platform::Current().Application->Terminate(); }));
 }
 
 void AddZoomItems(platform::Menu& menu) {
     for (const ZoomRow& row : kZoomItems) {
         MenuItem& item = menu.Add(OwnItem(row.Title, row.Key, [act = row.Act] {
-            if (platform::Window* const front = platform::Current().App->MainWindow()) act(*front);
+            if (platform::Window* const front = platform::Current().Application->MainWindow())
+                act(*front);
         }));
         item.CanBeChosen = [](const MenuItem& /*item*/) { return IsGraphic(t_FrontWindow()); };
     }
@@ -198,7 +199,7 @@ void AddGraphicWindowItems(platform::Menu& menu) {
 }
 
 void AddWindowMenu() {
-    platform::Menu& menu = platform::Current().Menus->Add("Fenster");
+    platform::Menu& menu = platform::Current().MenuBar->Add("Fenster");
     AddZoomItems(menu);
     for (const ItemRow& row : kWindowItems) AddItem(menu, row);
     AddGraphicWindowItems(menu);

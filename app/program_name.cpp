@@ -5,5 +5,5 @@
 #include "platform/platform.h"
 
 std::string ProgramName() {
-    return std::filesystem::path(platform::Current().Files->BundlePath()).stem().string();
+    return std::filesystem::path(platform::Current().Resources->BundlePath()).stem().string();
 }

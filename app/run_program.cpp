@@ -12,5 +12,5 @@ void RunProgram(std::function<void()> program, std::function<void()> programIsOv
     // Never destroyed: other threads may be using it when the process ends.
     auto& delegate = *new AppDelegate(std::move(program), std::move(programIsOver));
     BuildInterface(delegate);
-    platform::Current().App->Run(delegate);
+    platform::Current().Application->Run(delegate);
 }

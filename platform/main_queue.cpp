@@ -1,6 +1,7 @@
 #include "platform/main_queue.h"
 
-#include <chrono>
+#include <cstdlib>
+#include <iostream>
 #include <utility>
 
 #include "platform/thread.h"
@@ -29,7 +30,6 @@ void MainQueue::Close() {
 }
 
 bool MainQueue::OnMain() const {
-    const std::lock_guard lock(mutex_);
     return std::this_thread::get_id() == main_;
 }
 
@@ -88,6 +88,12 @@ MainQueue& TheMainQueue() {
 
 bool OnMain() {
     return TheMainQueue().OnMain();
+}
+
+void ExpectMain(std::string_view operation) {
+    if (OnMain()) return;
+    std::cerr << operation << ": called on another thread than the main thread.\n" << std::flush;
+    std::abort();
 }
 
 void RunOnMain(const std::function<void()>& work) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <string_view>
 #include <thread>
 
 // The way from any thread onto the main thread. Other threads may wait for the main thread; the
@@ -50,7 +53,7 @@ class MainQueue {
     std::condition_variable changed_;
     std::deque<Item> items_;
     std::function<void()> wake_;
-    std::thread::id main_;
+    std::atomic<std::thread::id> main_;
     bool open_ = false;
 };
 
@@ -59,6 +62,11 @@ MainQueue& TheMainQueue();
 
 /// Whether the calling thread is the main thread.
 [[nodiscard]] bool OnMain();
+
+/// What every member that is for the main thread begins with: ends the process with the line
+/// "<operation>: called on another thread than the main thread." when that is so. `operation` is
+/// the member's __func__. Any thread.
+void ExpectMain(std::string_view operation);
 
 /// Runs `work` on the main thread, at once when already there; returns when it is done. Once the
 /// application ends this does not return.

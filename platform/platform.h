@@ -1,7 +1,5 @@
 #pragma once
 
-#include <chrono>
-
 #include "platform/application.h"
 #include "platform/main_queue.h"
 #include "platform/menu.h"
@@ -18,16 +16,16 @@
 namespace platform {
 
 struct Platform {
-    Application* App = nullptr;
-    WindowMaker* Windows = nullptr;
-    MenuBar* Menus = nullptr;
-    Panels* Dialogs = nullptr;
-    Pasteboard* Board = nullptr;
-    Sounds* Audio = nullptr;
-    Clock* Time = nullptr;
-    Randomness* Random = nullptr;
-    Output* Out = nullptr;
-    Resources* Files = nullptr;
+    platform::Application* Application = nullptr;
+    platform::WindowMaker* WindowMaker = nullptr;
+    platform::MenuBar* MenuBar = nullptr;
+    platform::Panels* Panels = nullptr;
+    platform::Pasteboard* Pasteboard = nullptr;
+    platform::Sounds* Sounds = nullptr;
+    platform::Clock* Clock = nullptr;
+    platform::Randomness* Randomness = nullptr;
+    platform::Output* Output = nullptr;
+    platform::Resources* Resources = nullptr;
 };
 
 /// Main thread, before any other thread runs.

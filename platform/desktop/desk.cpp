@@ -27,7 +27,7 @@ void TellWhenNothingIsVisible() {
         const Desk& desk = TheDesk();
         if (desk.Client == nullptr || desk.Ending || AnythingVisible()) return;
         if (desk.Client->applicationShouldTerminateAfterLastWindowClosed()) {
-            Current().App->Terminate();
+            Current().Application->Terminate();
         } else {
             desk.Client->lastWindowDidHide();
         }

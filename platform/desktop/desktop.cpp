@@ -34,7 +34,7 @@ class EventLoop : public QApplication {
 
     bool event(QEvent* event) override {
         if (event->type() != QEvent::Quit) return QApplication::event(event);
-        Current().App->Terminate();
+        Current().Application->Terminate();
         return true;
     }
 };
@@ -80,16 +80,16 @@ void Start(int argc, char** argv, std::string_view applicationName) {
 
     auto* const files = new ProgramFolders(applicationName);
     Platform parts;
-    parts.App = application;
-    parts.Windows = new DesktopWindowMaker;
-    parts.Menus = &TheDesk().Bar.Model();
-    parts.Dialogs = new FilePanels;
-    parts.Board = new Clipboard;
-    parts.Audio = new DesktopSounds(files->Directory());
-    parts.Time = new MainClock;
-    parts.Random = new MachineRandomness;
-    parts.Out = new StandardOutput;
-    parts.Files = files;
+    parts.Application = application;
+    parts.WindowMaker = new DesktopWindowMaker;
+    parts.MenuBar = &TheDesk().Bar.Model();
+    parts.Panels = new FilePanels;
+    parts.Pasteboard = new Clipboard;
+    parts.Sounds = new DesktopSounds(files->Directory());
+    parts.Clock = new MainClock;
+    parts.Randomness = new MachineRandomness;
+    parts.Output = new StandardOutput;
+    parts.Resources = files;
     Install(parts);
 }
 

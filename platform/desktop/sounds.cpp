@@ -93,7 +93,7 @@ void DesktopSounds::BeginServing() {
     const std::string fault = StartThread([this] { Serve(); }, 0);
     if (fault.empty()) return;
     if (!std::exchange(faultIsTold_, true)) {
-        Current().Out->Write("DesktopSounds: Thread could not be started: " + fault + "\n");
+        Current().Output->Write("DesktopSounds: Thread could not be started: " + fault + "\n");
     }
     const std::lock_guard lock(mutex_);
     serving_ = false;

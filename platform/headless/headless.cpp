@@ -29,16 +29,16 @@ Headless::Headless() {
     TheMainQueue().Open([] {});
     RestartThreadNumbers();
     SetBackgroundStarter([this](auto task) { return StartBackground(std::move(task)); });
-    Install({.App = this,
-             .Windows = this,
-             .Menus = &Menu,
-             .Dialogs = this,
-             .Board = this,
-             .Audio = this,
-             .Time = this,
-             .Random = this,
-             .Out = this,
-             .Files = this});
+    Install({.Application = this,
+             .WindowMaker = this,
+             .MenuBar = &Menu,
+             .Panels = this,
+             .Pasteboard = this,
+             .Sounds = this,
+             .Clock = this,
+             .Randomness = this,
+             .Output = this,
+             .Resources = this});
 }
 
 Headless::~Headless() {

@@ -13,7 +13,7 @@ using MachineTime = ToolkitTest;
 TEST_F(MachineTime, WhoWaitsForAnEventIsWokenByIt) {
     platform::desktop::MachineClock clock;
     platform::Platform machine = platform::Current();
-    machine.Time = &clock;
+    machine.Clock = &clock;
     platform::Install(machine);
     const auto pending = [] { return bool{t_EventPending}; };
     for (int i = 0; i < 100; ++i) {
@@ -22,6 +22,6 @@ TEST_F(MachineTime, WhoWaitsForAnEventIsWokenByIt) {
         person.join();
         EXPECT_EQ(t_NextEvent(), 'a');
     }
-    machine.Time = &desktop;
+    machine.Clock = &desktop;
     platform::Install(machine);
 }

@@ -16,7 +16,7 @@ auto& Listener() {
 }  // namespace
 
 void PrintPiece(std::string_view text) {
-    platform::Current().Out->Write(text);
+    platform::Current().Output->Write(text);
     if (Listener()) Listener()(text);
 }
 

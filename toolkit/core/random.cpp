@@ -16,8 +16,8 @@ std::uint64_t Sample() {
     std::uint64_t random = 0;
     std::uint64_t time = 0;
     for (int draw = 0; draw < kMostDraws && (random == 0 || time == 0); ++draw) {
-        random = platform::Current().Random->Next() & kLow16;
-        const double nanoseconds = platform::Current().Time->Now() * 1e9;
+        random = platform::Current().Randomness->Next() & kLow16;
+        const double nanoseconds = platform::Current().Clock->Now() * 1e9;
         time = static_cast<std::uint64_t>(toolkit::Truncated(nanoseconds)) & kLow16;
     }
     return random * time;

@@ -8,7 +8,7 @@ namespace {
 
 void PlayNamed(const char* name) {
     if (!toolkit::SoundsOn) return;
-    platform::Sounds& sounds = *platform::Current().Audio;
+    platform::Sounds& sounds = *platform::Current().Sounds;
     platform::Sound* const sound = sounds.Named(name);
     if (sound == nullptr) {
         sounds.Beep();

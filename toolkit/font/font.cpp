@@ -66,7 +66,7 @@ constexpr FormatRow kFormats[] = {
 }  // namespace
 
 Bytes getbinaryfromfile(const std::string& path) {
-    platform::FileContent content = platform::Current().Files->ReadFile(path);
+    platform::FileContent content = platform::Current().Resources->ReadFile(path);
     if (content.Error) {
         toolkit::PrintLine("getbinaryfromfile: Error #", content.Error.message());
         return {};
@@ -76,7 +76,7 @@ Bytes getbinaryfromfile(const std::string& path) {
 
 t_Font t_LoadFontResource(std::string_view name) {
     const Bytes file =
-        getbinaryfromfile(toolkit::Joined(platform::Current().Files->Directory(), "/", name));
+        getbinaryfromfile(toolkit::Joined(platform::Current().Resources->Directory(), "/", name));
     if (file.empty()) {
         return Refused(toolkit::Joined("Could not load file „", name, "“"), 16, t_FontIdentifier);
     }

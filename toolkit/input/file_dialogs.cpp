@@ -68,7 +68,7 @@ std::vector<std::string> t_OpenPanel(std::string_view title, std::string_view me
     panel.SeveralAllowed = severalAllowed;
     panel.FilesAllowed = filesAllowed;
     panel.FoldersAllowed = chooseFolders;
-    std::vector<std::string> paths = platform::Current().Dialogs->RunOpenPanel(panel);
+    std::vector<std::string> paths = platform::Current().Panels->RunOpenPanel(panel);
     for (std::string& path : paths) path = PathOf(std::move(path));
     return paths;
 }
@@ -82,7 +82,7 @@ std::string t_SavePanel(std::string_view presetName, std::string_view title,
     panel.Title = title;
     panel.Message = message;
     panel.FileTypes = FileTypes(fileTypes);
-    return PathOf(platform::Current().Dialogs->RunSavePanel(panel).value_or(std::string()));
+    return PathOf(platform::Current().Panels->RunSavePanel(panel).value_or(std::string()));
 }
 
 std::string t_OpenFileDialog(std::string_view title, std::string_view message,

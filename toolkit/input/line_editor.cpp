@@ -155,8 +155,8 @@ void Finish(std::uint8_t /*window*/, t_Window& w) {
 void Copy(std::uint8_t /*window*/, t_Window& w) {
     const std::string text = t_DecodeEscapes(w.InputString);
     platform::RunOnMain([&] {
-        platform::Current().Board->Clear();
-        platform::Current().Board->SetText(text);
+        platform::Current().Pasteboard->Clear();
+        platform::Current().Pasteboard->SetText(text);
     });
 }
 
@@ -167,7 +167,7 @@ bool LeavesOrReads(const t_Event& event) {
 
 // Queues what the field can use; all of it where keys that wait already may send it elsewhere.
 void Paste(std::uint8_t /*window*/, t_Window& w) {
-    const auto text = platform::AskMain([] { return platform::Current().Board->Text(); });
+    const auto text = platform::AskMain([] { return platform::Current().Pasteboard->Text(); });
     const std::string line = t_FirstLine(t_EncodeEscapes(text.value_or(std::string())));
     t_QueueKeys(t_EventQueue.Any(LeavesOrReads) ? line : toolkit::PastedKeys(w, line));
 }

@@ -25,7 +25,7 @@ std::int64_t ExistingPosition(std::string_view operation, const Menu& menu, std:
 }  // namespace
 
 Menu* t_FindMenu(std::string_view menuTitle) {
-    return platform::AskMain([&] { return platform::Current().Menus->Find(menuTitle); });
+    return platform::AskMain([&] { return platform::Current().MenuBar->Find(menuTitle); });
 }
 
 std::int64_t t_MenuItemIndex(std::string_view menuTitle, std::string_view itemTitle) {

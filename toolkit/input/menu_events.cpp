@@ -26,7 +26,7 @@ namespace {
 using toolkit::PrintLine;
 
 void PutText(std::string_view text) {
-    platform::Pasteboard& board = *platform::Current().Board;
+    platform::Pasteboard& board = *platform::Current().Pasteboard;
     board.Clear();
     board.SetText(text);
 }
@@ -60,8 +60,8 @@ void SaveDialog(std::int64_t index, std::int64_t /*argument*/) {
 void CopyPicture(std::int64_t /*index*/, std::int64_t /*argument*/) {
     const std::optional<platform::Picture> picture = t_WindowSnapshot(t_FrontWindow());
     if (!picture) return t_SysBeep();
-    platform::Current().Board->Clear();
-    platform::Current().Board->SetPicture(*picture);
+    platform::Current().Pasteboard->Clear();
+    platform::Current().Pasteboard->SetPicture(*picture);
 }
 
 void CopyText(std::int64_t /*index*/, std::int64_t /*argument*/) {

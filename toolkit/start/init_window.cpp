@@ -227,7 +227,7 @@ void Open(Plan plan, const t_Font& font) {
     if (BindToView(plan, w, font)) {
         t_ClearWindowMemory(plan.Window);
         t_WindowTitle(plan.Window,
-                      Title(platform::Current().Files->BundlePath(), w.TextMemoryStart >= 0));
+                      Title(platform::Current().Resources->BundlePath(), w.TextMemoryStart >= 0));
         t_WindowSize(plan.Window, -1, -1, plan.Width, plan.Height);
         t_ColorBorder(plan.Window, kBorderColor);
     }

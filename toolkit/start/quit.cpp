@@ -41,6 +41,6 @@ void t_QuitProgram(std::uint8_t window) {
         }
         toolkit::PrintLine(line, ".");
     }
-    if (platform::OnMain()) platform::Current().App->TerminateNow();
+    if (platform::OnMain()) platform::Current().Application->TerminateNow();
     platform::EndThread();
 }

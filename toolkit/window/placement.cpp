@@ -230,7 +230,7 @@ void ShowTextWindow(platform::Window& host, const TextWindowRow& row, bool visib
     }
     RunOnMain([&] {
         if (visible && row.Number == toolkit::kPasteboardWindow) {
-            text->SetText(platform::Current().Board->Text().value_or(std::string()));
+            text->SetText(platform::Current().Pasteboard->Text().value_or(std::string()));
         }
         ShowOrHide(host, visible);
         if (visible) text->SetNeedsDisplay();
