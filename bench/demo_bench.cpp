@@ -30,7 +30,11 @@ void TypeKeys(std::initializer_list<std::int64_t> values) {
 // time; the program thread ends after it.
 void PlayOnce() {
     constexpr std::int64_t kBackspace = 127;
+    constexpr double kStartTime = 800'000'000.0123;
     platform::headless::Headless& desktop = TheScreen().Desktop;
+    // Chance is made of the clock, too, which stands still in a game without pauses: at some times it
+    // would be no chance at all, and the ball would fly round in circles for ever.
+    desktop.StartTime += kStartTime - desktop.Now();
     desktop.NextRandom = [seed = std::uint32_t{1}]() mutable {
         seed = seed * 1'664'525U + 1'013'904'223U;
         return seed >> 8U;
