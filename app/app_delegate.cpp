@@ -126,7 +126,7 @@ bool AppDelegate::windowShouldClose(platform::Window& window) {
 }
 
 void AppDelegate::windowDidResize(platform::Window& /*window*/) {
-    platform::Window* const main = platform::Current().Application->MainWindow();
+    platform::Window* const main = platform::Current().Application->ActiveWindow();
     const std::uint8_t number = toolkit::WindowNumber(main);
     for (const LayoutRow& row : kLayouts) {
         if (row.Window == number) LayOut(*this, row, main->Frame());

@@ -181,7 +181,7 @@ void AddProgramMenu(AppDelegate& delegate, const std::string& name) {
 void AddZoomItems(platform::Menu& menu) {
     for (const ZoomRow& row : kZoomItems) {
         MenuItem& item = menu.Add(OwnItem(row.Title, row.Key, [act = row.Act] {
-            if (platform::Window* const front = platform::Current().Application->MainWindow())
+            if (platform::Window* const front = platform::Current().Application->ActiveWindow())
                 act(*front);
         }));
         item.CanBeChosen = [](const MenuItem& /*item*/) { return IsGraphic(t_FrontWindow()); };

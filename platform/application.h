@@ -59,7 +59,7 @@ class Application {
 
     /// The window that the person works in; nullptr when the application is not in front or none
     /// of its windows is. Main thread.
-    [[nodiscard]] virtual Window* MainWindow() = 0;
+    [[nodiscard]] virtual Window* ActiveWindow() = 0;
 
     /// Ends the process as it is: nothing is destroyed, other threads may be anywhere. Everything
     /// written to the output was written before. Any thread.

@@ -158,7 +158,7 @@ void DesktopApplication::Serve(std::chrono::nanoseconds duration) {
     loop.exec();
 }
 
-Window* DesktopApplication::MainWindow() {
+Window* DesktopApplication::ActiveWindow() {
     if (QGuiApplication::applicationState() != Qt::ApplicationActive) return nullptr;
     return HostWindow::LastActive();
 }

@@ -16,7 +16,7 @@ class DesktopApplication : public Application {
     void Terminate() override;
     [[noreturn]] void TerminateNow() override;
     void Serve(std::chrono::nanoseconds duration) override;
-    [[nodiscard]] Window* MainWindow() override;
+    [[nodiscard]] Window* ActiveWindow() override;
 };
 
 }  // namespace platform::desktop

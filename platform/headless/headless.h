@@ -220,7 +220,7 @@ class Headless final : public Application,
     void Terminate() override;
     [[noreturn]] void TerminateNow() override;
     void Serve(std::chrono::nanoseconds duration) override;
-    [[nodiscard]] Window* MainWindow() override { return active_; }
+    [[nodiscard]] Window* ActiveWindow() override { return active_; }
     ApplicationClient* Client = nullptr;
 
     // platform::WindowMaker

@@ -129,13 +129,13 @@ TEST_F(Placement, ShowsAndHidesWindows) {
         t_WindowVisible(window, true);
         EXPECT_EQ(desktop.Order.back(), &Host(window));
         EXPECT_TRUE(Host(window).IsVisible() && (window > 7 || t_Windows[window].Visible));
-        EXPECT_EQ(desktop.MainWindow(), &Host(0));  // the keys stay where they were
+        EXPECT_EQ(desktop.ActiveWindow(), &Host(0));  // the keys stay where they were
     }
     for (std::uint8_t window = 0; window <= 12; ++window) {
         t_Window& w = t_Windows[window & 7U];
         w.UpdateDuration = 5;
         t_WindowFront(window);
-        EXPECT_EQ(desktop.MainWindow(), &Host(window));
+        EXPECT_EQ(desktop.ActiveWindow(), &Host(window));
         t_WindowVisible(window, false);
         EXPECT_FALSE(Host(window).IsVisible() || (window < 8 && w.Visible));
         EXPECT_EQ(w.UpdateDuration, window < 8 ? 0 : 5);
@@ -169,7 +169,7 @@ TEST_F(Placement, WarnsOfATextWindowWithoutItsText) {
         EXPECT_EQ(Printed([&] { t_WindowVisible(window, true); }), line);
         EXPECT_FALSE(Host(window).IsVisible());
         EXPECT_EQ(Printed([&] { t_WindowFront(window); }), line);
-        EXPECT_EQ(desktop.MainWindow(), &Host(window));
+        EXPECT_EQ(desktop.ActiveWindow(), &Host(window));
     }
     EXPECT_EQ(desktop.Played(), std::vector<std::string>(6, "beep"));
 }
@@ -227,7 +227,7 @@ TEST_F(Placement, WaitsForTheMainThreadExceptForTitles) {
     EXPECT_TRUE(desktop.ServeUntil([&] { return width != 0; }));
     other.join();
     EXPECT_EQ(width, 333);
-    EXPECT_EQ(desktop.MainWindow(), &Host(11));
+    EXPECT_EQ(desktop.ActiveWindow(), &Host(11));
 
     other = std::thread([] { t_WindowTitle(11, "nachher"); });
     platform::MainQueue& queue = platform::TheMainQueue();

@@ -69,7 +69,7 @@ TextView* t_WindowTextView(std::uint8_t window) {
 
 std::uint8_t t_FrontWindow() {
     return platform::AskMain(
-        [] { return toolkit::WindowNumber(platform::Current().Application->MainWindow()); });
+        [] { return toolkit::WindowNumber(platform::Current().Application->ActiveWindow()); });
 }
 
 std::uint8_t toolkit::WindowNumber(const Window* window) {
