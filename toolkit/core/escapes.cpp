@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/tables.h"
 #include "toolkit/core/utf8.h"

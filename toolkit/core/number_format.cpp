@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "toolkit/core/output.h"
+#include "toolkit/core/tables.h"
 #include "toolkit/core/utf8.h"
 
 namespace {
@@ -50,4 +51,12 @@ std::string t_FormatNumber(double value, char32_t fill, std::int64_t minWidth,
     }
     fraction.resize(static_cast<std::size_t>(std::clamp<std::int64_t>(decimals, 0, kWidest)), '0');
     return toolkit::Joined(text, integer, ",", fraction);
+}
+
+std::string t_HexText(std::int64_t value) {
+    std::string digits;
+    for (int shift = 28; shift >= 0; shift -= 4) {
+        digits += static_cast<char>(t_HexDigits[static_cast<std::size_t>(value >> shift & 0xF)]);
+    }
+    return digits;
 }

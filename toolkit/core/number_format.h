@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+// Numbers as a person reads them.
+
 /// A number in German notation: a comma before the decimals and, with `grouping`, a full stop
 /// between groups of three digits.
 /// fill      put before the sign and the integer part until they are `minWidth` characters long
@@ -12,3 +14,7 @@
 /// A value that is no finite number gives its name alone. Any thread.
 [[nodiscard]] std::string t_FormatNumber(double value, char32_t fill, std::int64_t minWidth,
                                          std::int64_t decimals, bool grouping);
+
+/// The low 32 bits of `value` as exactly eight upper-case hexadecimal digits. Any thread, after
+/// initvxtools.
+[[nodiscard]] std::string t_HexText(std::int64_t value);

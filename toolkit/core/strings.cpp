@@ -47,6 +47,10 @@ std::string t_FirstLine(std::string_view string) {
     return std::string(string.substr(0, end));
 }
 
+std::string t_FileNameOfPath(std::string_view path) {
+    return std::string(path.substr(path.rfind('/') + 1));
+}
+
 std::string t_Spaces(std::int64_t n) {
     return n < 1 || n > kMostSpaces ? std::string() : std::string(static_cast<std::size_t>(n), ' ');
 }

@@ -25,6 +25,9 @@
 /// the whole string.
 [[nodiscard]] std::string t_FirstLine(std::string_view string);
 
+/// The characters after the last slash; the whole path without one.
+[[nodiscard]] std::string t_FileNameOfPath(std::string_view path);
+
 /// `n` blanks; empty for 0 or less and above 32,767.
 [[nodiscard]] std::string t_Spaces(std::int64_t n);
 

@@ -48,11 +48,3 @@ void initvxtools() {
     }
     toolkit::PrintLine("initvxtools: End.");
 }
-
-std::string t_HexText(std::int64_t value) {
-    std::string digits;
-    for (int shift = 28; shift >= 0; shift -= 4) {
-        digits += static_cast<char>(t_HexDigits[static_cast<std::size_t>(value >> shift & 0xF)]);
-    }
-    return digits;
-}

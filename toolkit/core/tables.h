@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 
 // Character and number tables, built once by initvxtools on the main thread before the program
 // thread starts and only read after that.
@@ -15,7 +14,3 @@ extern std::array<std::int64_t, 256> t_HexValue;        // value of a hexadecima
 /// First-stage set-up: builds the tables. Main thread, once, at launch. Logs
 ///   "initvxtools: Start."  "initvxtools: End."
 void initvxtools();
-
-/// The low 32 bits of `value` as exactly eight upper-case hexadecimal digits. Any thread, after
-/// initvxtools.
-[[nodiscard]] std::string t_HexText(std::int64_t value);

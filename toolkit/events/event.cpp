@@ -6,6 +6,9 @@
 #include <optional>
 #include <utility>
 
+#include "toolkit/core/clock.h"
+#include "toolkit/core/utf8.h"
+
 constinit toolkit::Shared<bool> t_EventPending;
 constinit toolkit::Shared<bool> t_MouseEventPending;
 toolkit::InputQueue& t_EventQueue = *new toolkit::InputQueue(t_EventPending);
@@ -86,4 +89,16 @@ std::int64_t t_NextEvent() {
     if (!event) return -1;
     t_CurrentEvent = std::move(*event);
     return t_CurrentEvent.Value;
+}
+
+void t_QueueKeys(std::string_view string) {
+    for (const char32_t c : toolkit::Characters(string)) {
+        t_Event event;
+        event.Kind = 1;
+        event.Description = toolkit::CharacterString(c);
+        event.Value = c;
+        event.Window = 1;
+        event.Time = toolkit::Milliseconds();
+        t_EventQueue.Append(std::move(event));
+    }
 }

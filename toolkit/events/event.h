@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "toolkit/core/shared.h"
 #include "toolkit/events/event_queue.h"
@@ -84,3 +85,6 @@ extern t_Event& t_CurrentEvent;
 /// Takes the oldest key event into t_CurrentEvent and returns its Value; -1, with t_CurrentEvent as
 /// it was, when there is none. Program thread.
 std::int64_t t_NextEvent();
+
+/// Queues a key event for each character of the string, as if it had been typed. Any thread.
+void t_QueueKeys(std::string_view string);

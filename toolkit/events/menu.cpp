@@ -56,3 +56,7 @@ void MenuActionList::Clear() {
 }
 
 }  // namespace toolkit
+
+std::int64_t t_MenuActionIndex(std::int64_t tag) {
+    return t_MenuActions.IndexOf(tag);
+}

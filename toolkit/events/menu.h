@@ -77,6 +77,10 @@ class MenuActionList {
 
 extern toolkit::MenuActionList& t_MenuActions;
 
+/// Index of the first entry of t_MenuActions with this tag; -1 for tag 0 and without an entry. Any
+/// thread.
+[[nodiscard]] std::int64_t t_MenuActionIndex(std::int64_t tag);
+
 /// Chosen items waiting for the program; every choice is added, only the program takes any.
 extern toolkit::EventQueue<t_MenuEvent>& t_MenuEventQueue;
 extern constinit toolkit::Shared<bool> t_MenuEventPending;

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "platform/platform.h"
+#include "toolkit/core/files.h"
 #include "toolkit/core/output.h"
 #include "toolkit/font/lzw.h"
 
@@ -64,15 +65,6 @@ constexpr FormatRow kFormats[] = {
 };
 
 }  // namespace
-
-Bytes getbinaryfromfile(const std::string& path) {
-    platform::FileContent content = platform::Current().Resources->ReadFile(path);
-    if (content.Error) {
-        toolkit::PrintLine("getbinaryfromfile: Error #", content.Error.message());
-        return {};
-    }
-    return std::move(content.Bytes);
-}
 
 t_Font t_LoadFontResource(std::string_view name) {
     const Bytes file =

@@ -49,11 +49,6 @@ extern const std::vector<std::uint8_t>& t_FontIdentifier;
 /// and, without a line, when a compressed font holds no valid data.
 [[nodiscard]] t_Font t_LoadFontResource(std::string_view name);
 
-/// The whole content of the file at `path`. Any thread. A file that cannot be read prints
-///   "getbinaryfromfile: Error #<reason>"
-/// and gives no bytes.
-[[nodiscard]] std::vector<std::uint8_t> getbinaryfromfile(const std::string& path);
-
 /// The font with its data uncompressed: format 102 becomes 2 and format 100 becomes 0. Data that is
 /// no valid stream, or that would unpack to more than 64 MiB, becomes empty. Any thread.
 [[nodiscard]] t_Font t_FontDecompress(const t_Font& font);

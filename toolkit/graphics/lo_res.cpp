@@ -4,9 +4,9 @@
 #include <optional>
 #include <span>
 
+#include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/tables.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/window/window.h"
 

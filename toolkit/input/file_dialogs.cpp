@@ -1,12 +1,12 @@
+#include "toolkit/input/file_dialogs.h"
+
 #include <atomic>
 #include <functional>
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "platform/platform.h"
 #include "toolkit/core/clock.h"
-#include "toolkit/input/menu_events.h"
 
 namespace {
 
@@ -100,8 +100,4 @@ std::string t_SaveFileDialog(std::string_view presetName, std::string_view title
                      message = std::string(message), fileTypes = std::string(fileTypes)] {
         return t_SavePanel(presetName, title, message, fileTypes);
     });
-}
-
-std::string t_FileNameOfPath(std::string_view path) {
-    return std::string(path.substr(path.rfind('/') + 1));
 }

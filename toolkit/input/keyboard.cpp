@@ -6,8 +6,10 @@
 #include "toolkit/core/output.h"
 #include "toolkit/core/strings.h"
 #include "toolkit/core/threads.h"
+#include "toolkit/core/utf8.h"
 #include "toolkit/input/key_table.h"
-#include "toolkit/text/header.h"
+#include "toolkit/text/cursor.h"
+#include "toolkit/text/print.h"
 #include "toolkit/window/window.h"
 
 constinit toolkit::Shared<bool> t_KeyDown;
@@ -81,6 +83,20 @@ void t_KeyEventHandler(std::uint8_t window, const platform::KeyPress& press) {
             QueueCharacter(window, press, result.Number);
             break;
     }
+}
+
+std::string t_WaitKey(std::uint8_t window) {
+    std::int64_t value = -1;
+    while (value < 0) {
+        if (!t_EventPending) {
+            t_CursorOn(window);
+            const auto pending = [] { return bool{t_EventPending}; };
+            while (!pending()) toolkit::WaitMilliseconds(10, pending);
+            t_CursorOff(window);
+        }
+        value = t_NextEvent();
+    }
+    return toolkit::CharacterString(value);
 }
 
 void toolkit::SetModifierFlags(std::uint64_t modifierFlags) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/input.h"
 #include "toolkit/core/shared.h"
@@ -28,6 +29,11 @@ void viewKeyDown(std::uint8_t window, const platform::KeyPress& press);
 /// no event. Control with 7, 8, 9 of the keypad redirects the window's text output to nowhere,
 /// standard output, the window, and makes no event either.
 void t_KeyEventHandler(std::uint8_t window, const platform::KeyPress& press);
+
+/// Waits for the next key, with the window's text cursor shown, and returns its character. Takes
+/// any event whose value is 0 or more. Does not check the window.
+/// Program thread.
+[[nodiscard]] std::string t_WaitKey(std::uint8_t window);
 
 namespace toolkit {
 

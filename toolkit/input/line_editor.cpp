@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "platform/platform.h"
-#include "toolkit/core/clock.h"
 #include "toolkit/core/escapes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/strings.h"
@@ -14,9 +13,9 @@
 #include "toolkit/core/text.h"
 #include "toolkit/core/utf8.h"
 #include "toolkit/events/event.h"
+#include "toolkit/input/keyboard.h"
 #include "toolkit/input/pasted_keys.h"
 #include "toolkit/text/cursor.h"
-#include "toolkit/text/header.h"
 #include "toolkit/text/print.h"
 #include "toolkit/window/window.h"
 
@@ -332,20 +331,6 @@ void t_InputInsert(std::uint8_t window, std::int64_t code) {
     Redraw(window, *w, w->InputString);
 }
 
-std::string t_WaitKey(std::uint8_t window) {
-    std::int64_t value = -1;
-    while (value < 0) {
-        if (!t_EventPending) {
-            t_CursorOn(window);
-            const auto pending = [] { return bool{t_EventPending}; };
-            while (!pending()) toolkit::WaitMilliseconds(10, pending);
-            t_CursorOff(window);
-        }
-        value = t_NextEvent();
-    }
-    return toolkit::CharacterString(value);
-}
-
 std::int64_t t_InputYesNo(std::uint8_t window, std::int64_t defaultAnswer, bool echo) {
     if (echo) t_Print(window, " \x08");
     const std::int64_t key = t_CharCode(t_WaitKey(window));
@@ -371,16 +356,4 @@ std::int64_t t_InputYesNo(std::uint8_t window, std::int64_t defaultAnswer, bool 
     }
     if (echo) t_Print(window, answer == 1 ? "J" : "N");
     return answer;
-}
-
-void t_QueueKeys(std::string_view string) {
-    for (const char32_t c : toolkit::Characters(string)) {
-        t_Event event;
-        event.Kind = 1;
-        event.Description = toolkit::CharacterString(c);
-        event.Value = c;
-        event.Window = 1;
-        event.Time = toolkit::Milliseconds();
-        t_EventQueue.Append(std::move(event));
-    }
 }

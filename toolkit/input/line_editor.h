@@ -31,14 +31,7 @@ void t_InputEdit(std::uint8_t window, std::int64_t key);
 /// Inserts one character code at the input cursor if the field's mode and room allow it.
 void t_InputInsert(std::uint8_t window, std::int64_t code);
 
-/// Waits for the next key, with the window's text cursor shown, and returns its character. Takes
-/// any event whose value is 0 or more. Does not check the window.
-[[nodiscard]] std::string t_WaitKey(std::uint8_t window);
-
 /// Waits for one key: 1 for J and Y, 0 for N, `defaultAnswer` for Return and the space bar, -1 for
 /// Escape, -2 for any other key. With `echo` shows J for 1 and N otherwise. Does not check the
 /// window.
 [[nodiscard]] std::int64_t t_InputYesNo(std::uint8_t window, std::int64_t defaultAnswer, bool echo);
-
-/// Queues a key event for each character of the string, as if it had been typed.
-void t_QueueKeys(std::string_view string);

@@ -11,9 +11,9 @@
 #include "toolkit/core/sounds.h"
 #include "toolkit/core/strings.h"
 #include "toolkit/core/threads.h"
-#include "toolkit/core/utf8.h"
 #include "toolkit/graphics/frame.h"
-#include "toolkit/text/area.h"
+#include "toolkit/input/file_dialogs.h"
+#include "toolkit/text/screen.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/placement.h"
 #include "toolkit/window/window.h"
@@ -167,44 +167,7 @@ t_MenuEvent EventOf(const platform::MenuItem& item) {
     return event;
 }
 
-// Graphics characters and what stands for them.
-struct LookAlikeRow {
-    char32_t First;
-    char32_t Last;
-    char32_t Plain;
-};
-
-constexpr LookAlikeRow kLookAlikes[] = {
-    {127, 127, '#'},     //
-    {128, 128, '*'},     //
-    {129, 129, '#'},     //
-    {130, 130, '<'},     //
-    {131, 131, '='},     //
-    {132, 132, '>'},     //
-    {133, 133, 'O'},     //
-    {134, 137, '+'},     //
-    {138, 139, '|'},     //
-    {140, 141, '-'},     //
-    {142, 153, '+'},     //
-    {154, 155, '-'},     //
-    {156, 157, '|'},     //
-    {158, 158, '+'},     //
-    {159, 159, '='},     //
-    {160, 160, 0x02FD},  // ˽
-};
-
-char32_t LookAlike(char32_t c) {
-    for (const LookAlikeRow& row : kLookAlikes) {
-        if (c >= row.First && c <= row.Last) return row.Plain;
-    }
-    return c;
-}
-
 }  // namespace
-
-std::int64_t t_MenuActionIndex(std::int64_t tag) {
-    return t_MenuActions.IndexOf(tag);
-}
 
 void t_MenuEventHandler(const platform::MenuItem& item) {
     t_MenuEvent event = EventOf(item);
@@ -216,12 +179,4 @@ void t_MenuEventHandler(const platform::MenuItem& item) {
         if (t_ThreadNumber() >= 3) platform::NameThread("t_EventMenu");
         t_MenuHandler();
     });
-}
-
-std::string t_ExportText(std::string_view string) {
-    std::string exported;
-    for (const char32_t c : toolkit::Characters(string)) {
-        toolkit::AppendCharacter(exported, LookAlike(c));
-    }
-    return exported;
 }

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "platform/menu.h"
 #include "toolkit/core/handler.h"
 #include "toolkit/events/menu.h"
 
-// What happens when a menu item is chosen, and the file dialogs.
+// What happens when a menu item is chosen.
 //
 // Built-in actions; w is the window that the person works in:
 //   100, 101   open and save dialog; the result goes into the action's entry
@@ -34,30 +31,3 @@ extern toolkit::Handler& t_MenuWindowProc;
 /// Carries out the item's built-in action, queues a t_MenuEvent, and has t_MenuHandler run when the
 /// item has no such action. Main thread.
 void t_MenuEventHandler(const platform::MenuItem& item);
-
-/// Index of the first entry of t_MenuActions with this tag; -1 for tag 0 and without an entry. Any
-/// thread.
-[[nodiscard]] std::int64_t t_MenuActionIndex(std::int64_t tag);
-
-/// Runs an open dialog for one file and returns its path, empty when cancelled. `fileTypes` holds
-/// extensions separated by commas; empty: every file. Any thread; waits for the person.
-[[nodiscard]] std::string t_OpenFileDialog(std::string_view title, std::string_view message,
-                                           std::string_view fileTypes);
-
-/// Runs a save dialog and returns the path, empty when cancelled. Any thread; waits for the person.
-[[nodiscard]] std::string t_SaveFileDialog(std::string_view presetName, std::string_view title,
-                                           std::string_view message, std::string_view fileTypes);
-
-/// The dialogs themselves. Main thread.
-[[nodiscard]] std::vector<std::string> t_OpenPanel(std::string_view title, std::string_view message,
-                                                   std::string_view fileTypes, bool severalAllowed,
-                                                   bool filesAllowed, bool chooseFolders);
-[[nodiscard]] std::string t_SavePanel(std::string_view presetName, std::string_view title,
-                                      std::string_view message, std::string_view fileTypes);
-
-/// The characters after the last slash; the whole path without one. Any thread.
-[[nodiscard]] std::string t_FileNameOfPath(std::string_view path);
-
-/// A text grid's text for other programs: the font's graphics characters, codes 127 to 160, become
-/// plain look-alikes. Any thread.
-[[nodiscard]] std::string t_ExportText(std::string_view string);

@@ -6,6 +6,7 @@
 #include "toolkit/core/utf8.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/print.h"
+#include "toolkit/text/scroll.h"
 #include "toolkit/window/window.h"
 
 namespace {

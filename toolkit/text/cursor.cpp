@@ -1,8 +1,10 @@
 #include "toolkit/text/cursor.h"
 
 #include "toolkit/core/numbers.h"
+#include "toolkit/text/area.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/text/grid_span.h"
+#include "toolkit/text/scroll.h"
 #include "toolkit/window/window.h"
 
 using toolkit::Minus;
@@ -91,6 +93,27 @@ void t_CursorEnd(std::uint8_t window) {
     if (w == nullptr) return;
     w->TextHpos = w->TextLastColumn;
     w->TextVpos = w->TextLastLine;
+}
+
+void t_CursorOn(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    const std::int64_t before = w->TextCursorLevel;
+    w->TextCursorLevel = toolkit::Plus(before, 1);
+    if (before == 0) t_CursorDraw(window);
+}
+
+void t_CursorOff(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w == nullptr) return;
+    const std::int64_t before = w->TextCursorLevel;
+    w->TextCursorLevel = toolkit::Minus(before, 1);
+    if (before == 1) t_CursorDraw(window);
+}
+
+void t_CursorDraw(std::uint8_t window) {
+    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
+    if (w != nullptr) t_InvertRect(window, w->TextHpos, w->TextVpos, w->TextHpos, w->TextVpos);
 }
 
 void t_ClearEndOfLine(std::uint8_t window) {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// Moving the text cursor, scrolling the text area, blanking the rest of a line or of the area.
+// The text cursor: moving it, showing it, and blanking from it to the end of the line or the area.
 // Columns and lines count from 1 and are absolute within the text grid. Program thread; no lock.
 // Every operation prints, without further effect,
 //   "<operation>: Window is not a graphic window."    window is 8 or more
@@ -29,11 +29,12 @@ void t_CursorHome(std::uint8_t window);
 /// To the area's last column and line.
 void t_CursorEnd(std::uint8_t window);
 
-/// Moves the text area up by one line; its last line becomes blank in the current colours. Nothing
-/// while ScrollLock is set.
-void t_ScrollUp(std::uint8_t window);
-/// Moves the text area down by one line; its first line becomes blank.
-void t_ScrollDown(std::uint8_t window);
+/// Raises the cursor's level by one; the cursor shows from level 1 on.
+void t_CursorOn(std::uint8_t window);
+/// Lowers it by one; it may go below 0.
+void t_CursorOff(std::uint8_t window);
+/// Exchanges the colours of the cell under the cursor; a second call restores them.
+void t_CursorDraw(std::uint8_t window);
 
 /// Blanks from the cursor to the area's last column. The cursor stays.
 void t_ClearEndOfLine(std::uint8_t window);

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "toolkit/core/numbers.h"
-#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/print.h"
 #include "toolkit/window/placement.h"

@@ -312,11 +312,6 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
     RecordCell(*w, cell.Symbol, cell.Color, column, line);
 }
 
-void t_WindowFont(std::uint8_t window, const t_Font& font) {
-    t_Window* const w = toolkit::UsableWindow(__func__, window, toolkit::Need::SetUp);
-    if (w != nullptr) w->Font = font;
-}
-
 void toolkit::FillCells(std::uint8_t window, std::uint8_t symbol, std::int64_t firstColumn,
                         std::int64_t lastColumn, std::int64_t line) {
     const Span columns = GridSpan(firstColumn, lastColumn);

@@ -2,8 +2,6 @@
 
 #include <cstdint>
 
-#include "toolkit/font/font.h"
-
 /// Draws one character into cell (column, line) of graphic window `window`, both from 1, and
 /// records the cell; what all text output ends in. The cursor does not move. color    high four
 /// bits foreground, low four bits background, each a colour number 0 to 15; the
@@ -25,12 +23,6 @@
 ///   | characters, line by line | colour bytes, same order |
 void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
                    std::int64_t column, std::int64_t line);
-
-/// Makes `font` the font of graphic window `window` (0 to 7). The window's size, text grid, cursor
-/// and memory stay as they are. Program thread.
-/// Faults: "t_WindowFont: Window is not a graphic window."
-///         "t_WindowFont: Window #<window> not initialized."
-void t_WindowFont(std::uint8_t window, const t_Font& font);
 
 namespace toolkit {
 

@@ -5,7 +5,6 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/strings.h"
 #include "toolkit/core/utf8.h"
-#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/text/print.h"
@@ -17,32 +16,10 @@ using toolkit::UsableWindow;
 
 namespace {
 
-constexpr std::uint8_t kRule = 156;
 constexpr std::int64_t kAreaColumns = 4;  // codes of t_WindowPos
 constexpr std::int64_t kAreaLines = 5;
 
 }  // namespace
-
-void t_CursorDraw(std::uint8_t window) {
-    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
-    if (w != nullptr) t_InvertRect(window, w->TextHpos, w->TextVpos, w->TextHpos, w->TextVpos);
-}
-
-void t_CursorOn(std::uint8_t window) {
-    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr) return;
-    const std::int64_t before = w->TextCursorLevel;
-    w->TextCursorLevel = toolkit::Plus(before, 1);
-    if (before == 0) t_CursorDraw(window);
-}
-
-void t_CursorOff(std::uint8_t window) {
-    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr) return;
-    const std::int64_t before = w->TextCursorLevel;
-    w->TextCursorLevel = toolkit::Minus(before, 1);
-    if (before == 1) t_CursorDraw(window);
-}
 
 std::string t_HeaderLine(std::string_view title, std::string_view credit, std::int64_t width) {
     const std::int64_t gap = toolkit::Minus(
@@ -62,22 +39,4 @@ void t_Header(std::uint8_t window, std::string_view title, std::string_view cred
     const auto last = static_cast<std::uint8_t>(t_CharCode(t_MidChar(line, length)) & 0xFF);
     t_PrintSymbol(window, last, color, w->TextHpos, w->TextVpos);
     t_WindowPos(window, kAreaLines) < 2 ? t_Htab(window, 1) : t_Cr(window);
-}
-
-void t_TextHline(std::uint8_t window, std::int64_t firstColumn, std::int64_t lastColumn,
-                 std::int64_t line, std::uint8_t code) {
-    if (UsableWindow(__func__, window, Need::TextBlock) == nullptr) return;
-    toolkit::FillCells(window, code, firstColumn, lastColumn, line);
-}
-
-void t_TextLine(std::uint8_t window) {
-    t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr) return;
-    t_TextHline(window, w->TextHpos, w->TextLastColumn, w->TextVpos, kRule);
-    t_Cr(window);
-}
-
-void t_RedirectOutput(std::uint8_t window, std::int64_t mode) {
-    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
-    if (w != nullptr) w->TextRedirectOutput = mode;
 }

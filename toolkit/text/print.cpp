@@ -5,10 +5,10 @@
 #include "toolkit/core/clock.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
+#include "toolkit/core/palette.h"
 #include "toolkit/core/utf8.h"
 #include "toolkit/events/event.h"
 #include "toolkit/events/menu.h"
-#include "toolkit/text/area.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/window/window.h"
@@ -122,6 +122,18 @@ void t_Inverse(std::uint8_t window) {
 void t_Reverse(std::uint8_t window) {
     t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
     if (w != nullptr) w->TextInverse = !w->TextInverse;
+}
+
+void t_Color(std::uint8_t window, std::int64_t color) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w == nullptr) return;
+    w->TextColor = static_cast<std::uint8_t>(toolkit::Modulo16(color) << 4 | (w->TextColor & 0x0F));
+    w->RGBColor = t_PaletteColor(toolkit::Modulo16(color));
+}
+
+void t_RedirectOutput(std::uint8_t window, std::int64_t mode) {
+    t_Window* const w = UsableWindow(__func__, window, Need::SetUp);
+    if (w != nullptr) w->TextRedirectOutput = mode;
 }
 
 bool t_PrintPause(std::int64_t key, bool wait) {

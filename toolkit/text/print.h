@@ -10,7 +10,7 @@
 // prints, without further effect,
 //   "<operation>: Window is not a graphic window."    window is 8 or more
 //   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or, but
-//                                                     for the four setters, without a text block
+//                                                     for the six setters, without a text block
 //
 // Display modes: what becomes of a character code k
 //   0       nothing
@@ -62,6 +62,13 @@ void t_Normal(std::uint8_t window);
 void t_Inverse(std::uint8_t window);
 /// Exchanges normal and inverse.
 void t_Reverse(std::uint8_t window);
+
+/// The current colour of text and plots: colour number `color` modulo 16. The background stays.
+void t_Color(std::uint8_t window, std::int64_t color);
+
+/// Where the window's text output goes: 1 window, 2 standard output, any other number nowhere. May
+/// be called on any thread.
+void t_RedirectOutput(std::uint8_t window, std::int64_t mode);
 
 /// Whether the newest key event has the value `key`. Then all key events are dropped and, when
 /// `wait`, the call returns only after another key event, which is taken, or a menu event.

@@ -1,8 +1,9 @@
+#include "toolkit/text/scroll.h"
+
 #include <algorithm>
 
 #include "toolkit/core/memory.h"
 #include "toolkit/core/numbers.h"
-#include "toolkit/text/cursor.h"
 #include "toolkit/text/glyph.h"
 #include "toolkit/text/grid_span.h"
 #include "toolkit/window/window.h"

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "toolkit/core/memory.h"
+#include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
-#include "toolkit/core/tables.h"
 #include "toolkit/window/window.h"
 
 namespace toolkit {

@@ -49,3 +49,8 @@ Cell CellAt(const t_Window& w, std::int64_t column, std::int64_t line) {
 }
 
 }  // namespace toolkit
+
+void t_WindowFont(std::uint8_t window, const t_Font& font) {
+    t_Window* const w = toolkit::UsableWindow(__func__, window, toolkit::Need::SetUp);
+    if (w != nullptr) w->Font = font;
+}

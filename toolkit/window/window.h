@@ -99,6 +99,12 @@ extern constinit toolkit::Shared<std::int64_t> t_HighMemory;
 /// The number of the first window that was opened, 255 before.
 extern constinit toolkit::Shared<std::uint8_t> t_FirstWindow;
 
+/// Makes `font` the font of graphic window `window` (0 to 7). The window's size, text grid, cursor
+/// and memory stay as they are. Program thread.
+/// Faults: "t_WindowFont: Window is not a graphic window."
+///         "t_WindowFont: Window #<window> not initialized."
+void t_WindowFont(std::uint8_t window, const t_Font& font);
+
 namespace toolkit {
 
 inline constexpr std::uint8_t kGraphicWindows = 8;
