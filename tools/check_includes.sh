@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Checks that every include line points the way the folders may: down, never up, and that Qt and the
-# sound libraries stay in the desktop platform. Prints each line that does not; exits 1 if there is
+# Checks that every include line points the way the folders may: down, never up, and that Qt, X
+# and the sound libraries stay where they are wrapped. Prints each line that does not; exits 1 if there is
 # one.
 # usage: check_includes.sh [root of the tree]
 set -euo pipefail
@@ -10,7 +10,8 @@ cd "${1:-$(dirname "$0")/..}"
 rules='
 platform          | ^platform/[a-z_]+\.h$
 platform/headless | ^platform/([a-z_]+\.h|headless/.*)$
-platform/desktop  | ^platform/([a-z_]+\.h|desktop/.*)$
+platform/parts    | ^platform/([a-z_]+\.h|parts/.*)$
+platform/desktop  | ^platform/([a-z_]+\.h|(parts|desktop)/.*)$
 toolkit           | ^toolkit/[a-z]+/[a-z_0-9]+\.h$
 toolkit/core      | ^(platform|toolkit/core)/[a-z_0-9]+\.h$
 toolkit/events    | ^(platform|toolkit/(core|events))/[a-z_0-9]+\.h$
@@ -51,7 +52,7 @@ done < <(find platform toolkit -mindepth 1 -type d)
 # The toolkit knows the seam, not what implements it.
 while IFS= read -r line; do
     complain "$line: the toolkit may not know an implementation of the platform"
-done < <(grep -rnE '^#include "platform/(desktop|headless)/' toolkit game || true)
+done < <(grep -rnE '^#include "platform/(parts|desktop|headless)/' toolkit game || true)
 
 # What the compiler itself brings along to name a processor's instructions.
 compiler_headers='cpuid\.h|[a-z]+intrin\.h'
@@ -59,8 +60,12 @@ compiler_headers='cpuid\.h|[a-z]+intrin\.h'
 # Foreign headers: the standard library has no capital letter, no slash and no ending.
 while IFS= read -r line; do
     complain "$line: only platform/desktop and tools may use this header"
-done < <(grep -rnE '^#include <(Q[A-Z]|AL/|sndfile|xcb|X11|ft2|png)' app game platform toolkit |
+done < <(grep -rnE '^#include <(Q[A-Z]|xcb|X11|ft2|png)' app game platform toolkit |
     grep -v '^platform/desktop/' || true)
+while IFS= read -r line; do
+    complain "$line: only platform/parts may use this header"
+done < <(grep -rnE '^#include <(AL/|sndfile)' app game platform toolkit |
+    grep -v '^platform/parts/' || true)
 while IFS= read -r line; do
     complain "$line: the toolkit and the game use the standard library alone"
 done < <(grep -rnE '^#include <[^>]*[./A-Z]' toolkit game |

@@ -16,7 +16,7 @@ report() {
         --exclude-throw-branches --exclude-unreachable-branches \
         --exclude-branches-by-pattern '.*operator==.*= default;.*' "${@:2}" build/coverage
 }
-for folder in toolkit/ game/ platform/ platform/desktop/; do
+for folder in toolkit/ game/ platform/ platform/parts/ platform/desktop/; do
     echo
     echo "== $folder lines"
     report "$folder"

@@ -13,16 +13,20 @@
 #include "platform/desktop/display.h"
 #include "platform/desktop/file_panels.h"
 #include "platform/desktop/german.h"
-#include "platform/desktop/machine.h"
 #include "platform/desktop/main_clock.h"
 #include "platform/desktop/sounds.h"
-#include "platform/desktop/standard_output.h"
 #include "platform/desktop/surroundings.h"
 #include "platform/desktop/text.h"
 #include "platform/desktop/window_maker.h"
+#include "platform/parts/machine.h"
+#include "platform/parts/standard_output.h"
 #include "platform/platform.h"
 
 namespace platform::desktop {
+
+using parts::MachineRandomness;
+using parts::ProgramFolders;
+using parts::StandardOutput;
 
 namespace {
 
@@ -64,7 +68,7 @@ void SetUpEventLoop(std::string_view applicationName) {
 }  // namespace
 
 void Start(int argc, char** argv, std::string_view applicationName) {
-    OpenStandardDescriptors();
+    parts::OpenStandardDescriptors();
     RequireDescriptorsAndThreads();
     SessionBus bus;
     std::signal(SIGPIPE, SIG_IGN);
@@ -79,18 +83,18 @@ void Start(int argc, char** argv, std::string_view applicationName) {
     TheDesk().Pump.Open();
 
     auto* const files = new ProgramFolders(applicationName);
-    Platform parts;
-    parts.Application = application;
-    parts.WindowMaker = new DesktopWindowMaker;
-    parts.MenuBar = &TheDesk().Bar.Model();
-    parts.Panels = new FilePanels;
-    parts.Pasteboard = new Clipboard;
-    parts.Sounds = new DesktopSounds(files->Directory());
-    parts.Clock = new MainClock;
-    parts.Randomness = new MachineRandomness;
-    parts.Output = new StandardOutput;
-    parts.Resources = files;
-    Install(parts);
+    Platform made;
+    made.Application = application;
+    made.WindowMaker = new DesktopWindowMaker;
+    made.MenuBar = &TheDesk().Bar.Model();
+    made.Panels = new FilePanels;
+    made.Pasteboard = new Clipboard;
+    made.Sounds = new DesktopSounds(files->Directory());
+    made.Clock = new MainClock;
+    made.Randomness = new MachineRandomness;
+    made.Output = new StandardOutput;
+    made.Resources = files;
+    Install(made);
 }
 
 }  // namespace platform::desktop

@@ -3,7 +3,7 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
-#include "platform/desktop/sharp_scale.h"
+#include "platform/parts/sharp_scale.h"
 #include "platform/view.h"
 
 namespace platform::desktop {
@@ -58,7 +58,7 @@ class GraphicView : public View, private Canvas {
     bool passPosted_ = false;   // MakePass will be called
     bool asking_ = false;       // the client is being asked
     QRect changed_;             // by the client's answer, in the widget
-    SharpScaler scaler_;
+    parts::SharpScaler scaler_;
     QImage scaled_;  // picture_ in device pixels, for factors that are not whole
     bool scaledIsOld_ = true;
 };

@@ -49,8 +49,8 @@ std::optional<std::uint32_t> AskXState() {
 
 }  // namespace
 
-NativeKey NativeKeyOf(const QKeyEvent& event) {
-    NativeKey key;
+parts::NativeKey NativeKeyOf(const QKeyEvent& event) {
+    parts::NativeKey key;
     key.ScanCode = event.nativeScanCode();
     key.Symbol = event.nativeVirtualKey();
     key.Text = FromQt(event.text());

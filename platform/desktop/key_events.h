@@ -3,7 +3,7 @@
 #include <QtCore/Qt>
 #include <cstdint>
 
-#include "platform/desktop/key_map.h"
+#include "platform/parts/key_map.h"
 
 class QKeyEvent;
 
@@ -11,7 +11,7 @@ class QKeyEvent;
 
 namespace platform::desktop {
 
-[[nodiscard]] NativeKey NativeKeyOf(const QKeyEvent& event);
+[[nodiscard]] parts::NativeKey NativeKeyOf(const QKeyEvent& event);
 
 /// The modifiers of an event as bits of platform/input.h, without Caps Lock.
 [[nodiscard]] std::uint64_t FlagsOf(Qt::KeyboardModifiers modifiers);

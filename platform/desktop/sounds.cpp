@@ -7,8 +7,8 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/desktop/sound_device.h"
 #include "platform/main_queue.h"
+#include "platform/parts/sound_device.h"
 #include "platform/platform.h"
 
 namespace platform::desktop {
@@ -102,7 +102,7 @@ void DesktopSounds::BeginServing() {
 // The sound thread. It ends with the process.
 void DesktopSounds::Serve() {
     NameThread("Sounds");
-    SoundDevice device;
+    parts::SoundDevice device;
     while (true) {
         {
             std::unique_lock lock(mutex_);

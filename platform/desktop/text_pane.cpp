@@ -8,9 +8,14 @@
 
 #include "platform/desktop/german.h"
 #include "platform/desktop/text.h"
-#include "platform/desktop/text_excerpt.h"
+#include "platform/parts/text_excerpt.h"
 
 namespace platform::desktop {
+
+using parts::Beginning;
+using parts::Ending;
+using parts::kMostBytesShown;
+using parts::kMostLinesShown;
 
 namespace {
 

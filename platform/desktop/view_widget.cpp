@@ -98,13 +98,13 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ViewWidget::keyPressEvent(QKeyEvent* event) {
-    const NativeKey key = NativeKeyOf(*event);
+    const parts::NativeKey key = NativeKeyOf(*event);
     const bool repetition = releasedKey_ == key.ScanCode && releaseTime_ == event->timestamp();
     if (repetition) release_.stop();
     if (release_.isActive()) ReleaseKey();
-    if (ModifierOfSymbol(key.Symbol) != 0) {
+    if (parts::ModifierOfSymbol(key.Symbol) != 0) {
         client_.flagsChanged(FlagsHeldNow());
-    } else if (const std::optional<KeyPress> press = MapKey(key)) {
+    } else if (const std::optional<KeyPress> press = parts::MapKey(key)) {
         keyHeld_ = true;
         client_.keyDown(*press);
         ShowAnswer();
@@ -122,7 +122,7 @@ void ViewWidget::AskForAnswer() {
 }
 
 void ViewWidget::keyReleaseEvent(QKeyEvent* event) {
-    if (ModifierOfSymbol(event->nativeVirtualKey()) != 0) {
+    if (parts::ModifierOfSymbol(event->nativeVirtualKey()) != 0) {
         client_.flagsChanged(FlagsHeldNow());
     } else if (!event->isAutoRepeat()) {
         if (release_.isActive()) ReleaseKey();

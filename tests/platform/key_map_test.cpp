@@ -1,8 +1,8 @@
-#include "platform/desktop/key_map.h"
+#include "platform/parts/key_map.h"
 
 #include <gtest/gtest.h>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -95,4 +95,4 @@ TEST(KeyMap, MakesControlCharactersOfAllLettersAndNoTwoKeysAlike) {
     }
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -1,4 +1,4 @@
-#include "platform/desktop/machine.h"
+#include "platform/parts/machine.h"
 
 #include <thread>
 
@@ -11,7 +11,7 @@ using MachineTime = ToolkitTest;
 }  // namespace
 
 TEST_F(MachineTime, WhoWaitsForAnEventIsWokenByIt) {
-    platform::desktop::MachineClock clock;
+    platform::parts::MachineClock clock;
     platform::Platform machine = platform::Current();
     machine.Clock = &clock;
     platform::Install(machine);

@@ -1,4 +1,4 @@
-#include "platform/desktop/sharp_scale.h"
+#include "platform/parts/sharp_scale.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "tests/support/random.h"
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -97,4 +97,4 @@ TEST(SharpScale, LeavesTheTargetAloneWhenSizesDoNotFit) {
     EXPECT_NE(target, std::vector<std::uint32_t>(12, 7));
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -4,11 +4,11 @@
 
 #include <string>
 
-#include "platform/desktop/text_excerpt.h"
+#include "platform/parts/text_excerpt.h"
 
 namespace {
 
-using namespace platform::desktop;
+using namespace platform::parts;
 
 std::string Repeated(const std::string& text, std::size_t times) {
     std::string all;

@@ -26,6 +26,9 @@ toolkit/start/library.cpp    | toolkit/start/library.cpp:    | #include <QWidget
 toolkit/roof/planted.cpp     | toolkit/roof:                 | #include "toolkit/core/color.h"
 toolkit/toolkit.h            | toolkit/toolkit.h:            | constexpr int kPlanted = 1;
 platform/planted.h           | platform/planted.h:           | #include "toolkit/core/color.h"
+platform/parts/planted.h     | platform/parts/planted.h:     | #include "platform/desktop/desk.h"
+platform/parts/library.cpp   | platform/parts/library.cpp:   | #include <QWidget>
+platform/desktop/library.cpp | platform/desktop/library.cpp: | #include <sndfile.h>
 platform/headless/planted.h  | platform/headless/planted.h:  | #include "platform/desktop/desk.h"
 game/planted.cpp             | game/planted.cpp:             | #include "toolkit/core/color.h"
 '

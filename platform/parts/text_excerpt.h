@@ -6,7 +6,7 @@
 
 // What a window shows of a text that is too long to be shown without a pause. Any thread.
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// As much as an editor takes in within a twentieth of a second.
 inline constexpr std::size_t kMostBytesShown = 1U << 20U;
@@ -19,4 +19,4 @@ inline constexpr std::int64_t kMostLinesShown = 10'000;
 /// The last part of the text, in the same way.
 [[nodiscard]] std::string_view Ending(std::string_view text);
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

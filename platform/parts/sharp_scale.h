@@ -10,7 +10,7 @@
 // pixel is the average of the source area that it covers. That equals enlarging to the next whole
 // factor without smoothing and one smooth step down from there, at the cost of the target alone.
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// Scales pictures to one target size after the other. Keeps its tables and rows from picture to
 /// picture, so that a steady size costs no memory traffic besides the pixels. Main thread.
@@ -54,4 +54,4 @@ class SharpScaler {
     std::vector<std::uint16_t> sums_;  // one per channel of a target row
 };
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -1,8 +1,8 @@
-#include "platform/desktop/text_excerpt.h"
+#include "platform/parts/text_excerpt.h"
 
 #include "platform/text_store.h"
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::string_view Ending(std::string_view text) {
     return text;
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

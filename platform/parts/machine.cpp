@@ -1,4 +1,4 @@
-#include "platform/desktop/machine.h"
+#include "platform/parts/machine.h"
 
 #include <sys/prctl.h>
 #include <sys/random.h>
@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <ctime>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -120,4 +120,4 @@ FileContent ProgramFolders::ReadFile(const std::string& path) {
     return ReadFileFromDisk(path);
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -13,7 +13,7 @@
 
 // Clock, random numbers and files of a Linux machine. Any thread.
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// Counts on through the machine's sleep; setting the machine's time does not move it.
 class MachineClock : public Clock {
@@ -51,4 +51,4 @@ class ProgramFolders : public Resources {
     ResourceFolder resources_;
 };
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -6,7 +6,7 @@
 
 #include "platform/system.h"
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// Writes to file descriptor 1. A reader that takes nothing holds a writer up for a fifth of a
 /// second, whatever kind of output it reads; from then on texts are dropped until it takes some
@@ -31,4 +31,4 @@ class StandardOutput : public Output {
 /// later becomes the standard output. Before anything else is opened.
 void OpenStandardDescriptors();
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

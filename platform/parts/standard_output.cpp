@@ -1,4 +1,4 @@
-#include "platform/desktop/standard_output.h"
+#include "platform/parts/standard_output.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -11,7 +11,7 @@
 #include <csignal>
 #include <ctime>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -119,4 +119,4 @@ void OpenStandardDescriptors() {
     if (descriptor > STDERR_FILENO) close(descriptor);
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -1,4 +1,4 @@
-#include "platform/desktop/sound_device.h"
+#include "platform/parts/sound_device.h"
 
 #include <dlfcn.h>
 #include <sndfile.h>
@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -128,4 +128,4 @@ const SoundDevice::Voice* SoundDevice::VoiceOf(const std::string& path, const Sa
     return nullptr;
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -11,7 +11,7 @@
 // The position of a key decides its key code, the layout decides its characters. Keys that have a
 // meaning of their own (arrows, Home, function keys) have it whatever position they stand at.
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// A key press as the display server reports it.
 struct NativeKey {
@@ -27,4 +27,4 @@ struct NativeKey {
 /// The bit of the modifier that the key with this symbol sets while it is held; 0 for other keys.
 [[nodiscard]] std::uint64_t ModifierOfSymbol(std::uint32_t symbol);
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

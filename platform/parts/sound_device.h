@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 /// The sound hardware as one device that plays files. Opened with the first sound, opened again
 /// when it went away. For one thread; every call may take as long as the hardware likes.
@@ -51,4 +51,4 @@ class SoundDevice {
     std::chrono::steady_clock::time_point nextTry_;  // no attempt to open before this
 };
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

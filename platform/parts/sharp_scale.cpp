@@ -1,9 +1,9 @@
-#include "platform/desktop/sharp_scale.h"
+#include "platform/parts/sharp_scale.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -133,4 +133,4 @@ void SharpScaler::Scale(const Picture& picture, std::int64_t width, std::int64_t
     }
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts

@@ -1,10 +1,10 @@
-#include "platform/desktop/key_map.h"
+#include "platform/parts/key_map.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
-namespace platform::desktop {
+namespace platform::parts {
 
 namespace {
 
@@ -291,4 +291,4 @@ std::uint64_t ModifierOfSymbol(std::uint32_t symbol) {
     return row == std::end(kModifierRows) ? 0 : row->Flag;
 }
 
-}  // namespace platform::desktop
+}  // namespace platform::parts
