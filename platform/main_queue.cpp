@@ -33,6 +33,11 @@ bool MainQueue::OnMain() const {
     return std::this_thread::get_id() == main_;
 }
 
+bool MainQueue::IsOpen() const {
+    const std::lock_guard lock(mutex_);
+    return open_;
+}
+
 bool MainQueue::Sync(const std::function<void()>& work) {
     if (OnMain()) {
         work();

@@ -28,6 +28,9 @@ class MainQueue {
 
     [[nodiscard]] bool OnMain() const;
 
+    /// True from Open to Close: the application has not ended.
+    [[nodiscard]] bool IsOpen() const;
+
     /// Runs `work` on the main thread, at once when already there, and returns when it is done.
     /// False: the queue is closed and `work` did not run.
     [[nodiscard]] bool Sync(const std::function<void()>& work);

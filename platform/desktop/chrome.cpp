@@ -8,9 +8,7 @@
 #include <QtWidgets/QStyle>
 #include <chrono>
 
-#include "platform/desktop/desk.h"
 #include "platform/desktop/display.h"
-#include "platform/desktop/host_window.h"
 
 namespace platform::desktop {
 
@@ -55,12 +53,7 @@ const QMargins& Chrome::Frame() {
 void Chrome::FrameSeen(const QMargins& frame) {
     const int before = TitleBar();
     frame_ = frame;
-    if (TitleBar() == before) return;
-    Desk& desk = TheDesk();
-    for (HostWindow* const window : desk.Windows) window->TitleBarDidChange();
-    if (desk.Client != nullptr && !desk.Ending) {
-        desk.Client->titleBarHeightDidChange(Height());
-    }
+    if (TitleBar() != before && Changed) Changed();
 }
 
 }  // namespace platform::desktop

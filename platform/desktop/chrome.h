@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QMargins>
+#include <functional>
 
 namespace platform::desktop {
 
@@ -17,8 +18,11 @@ class Chrome {
     /// As asked of the window manager at first, then as seen at the windows.
     [[nodiscard]] const QMargins& Frame();
 
-    /// A shown window has this frame. Tells the client when its title bar's height is news.
+    /// A shown window has this frame.
     void FrameSeen(const QMargins& frame);
+
+    /// Called when FrameSeen brings another height of the title bar; may be empty.
+    std::function<void()> Changed;
 
   private:
     static constexpr int kUnknown = -1;

@@ -5,7 +5,7 @@
 #include <QtGui/QGuiApplication>
 #include <chrono>
 
-#include "platform/desktop/display.h"
+#include "platform/desktop/clipboard_transfer.h"
 #include "platform/desktop/images.h"
 #include "platform/desktop/text.h"
 

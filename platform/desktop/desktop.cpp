@@ -13,6 +13,8 @@
 #include "platform/desktop/display.h"
 #include "platform/desktop/file_panels.h"
 #include "platform/desktop/german.h"
+#include "platform/desktop/host_window.h"
+#include "platform/desktop/images.h"
 #include "platform/desktop/main_clock.h"
 #include "platform/desktop/sounds.h"
 #include "platform/desktop/surroundings.h"
@@ -65,7 +67,18 @@ void SetUpEventLoop(std::string_view applicationName) {
     QCoreApplication::installTranslator(german);
 }
 
+// The event loop would look for the accessibility service when it starts, and the first window make
+// its widgets when it is shown; both with a person waiting.
+void PrepareFirstWindow() {
+    QAccessible::setRootObject(qApp);
+    if (!HostWindow::All().empty()) HostWindow::All().front()->Prepare();
+}
+
 }  // namespace
+
+bool DisplayReachable() {
+    return !ReachablePlatform().empty();
+}
 
 void Start(int argc, char** argv, std::string_view applicationName) {
     parts::OpenStandardDescriptors();
@@ -74,27 +87,32 @@ void Start(int argc, char** argv, std::string_view applicationName) {
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    auto* const application = new DesktopApplication;
+    auto& desk = *new Desk;
+    auto* const application = new DesktopApplication(desk);
     static_cast<void>(ReachablePlatform());  // takes the time that the bus has for its answer
     bus.LeaveOutUnlessAlive();
     MakeEventLoop(argc, argv);
     if (ThreadsAreScarce()) static_cast<void>(QAccessible::isActive());
     SetUpEventLoop(applicationName);
-    TheDesk().Pump.Open();
+    desk.Pump.Open();
 
     auto* const files = new ProgramFolders(applicationName);
     Platform made;
     made.Application = application;
-    made.WindowMaker = new DesktopWindowMaker;
-    made.MenuBar = &TheDesk().Bar.Model();
+    made.WindowMaker = new DesktopWindowMaker(desk);
+    made.MenuBar = &desk.Bar.Model();
     made.Panels = new FilePanels;
     made.Pasteboard = new Clipboard;
     made.Sounds = new DesktopSounds(files->Directory());
-    made.Clock = new MainClock;
+    made.Clock = new MainClock(PrepareFirstWindow);
     made.Randomness = new MachineRandomness;
     made.Output = new StandardOutput;
     made.Resources = files;
     Install(made);
+}
+
+bool SavePicture(const Picture& picture, const std::string& path) {
+    return ImageOf(picture).save(ToQt(path));
 }
 
 }  // namespace platform::desktop

@@ -83,10 +83,8 @@ void Catch(int signal) {
     if (now.sa_handler != SIG_IGN) CatchWith(OnSignal, signal);
 }
 
-[[noreturn]] void End() {
-    Desk& desk = TheDesk();
-    if (!desk.Ending) {
-        desk.Ending = true;
+[[noreturn]] void End(const Desk& desk) {
+    if (TheMainQueue().IsOpen()) {
         TheMainQueue().Close();
         desk.Client->applicationWillTerminate();
     }
@@ -100,46 +98,58 @@ bool DisplayIsLost() {
 
 // Somebody called exit: the program, or the window library because the display went away, which is
 // an end like any other.
-void EndAtExit(int status, void* /*unused*/) {
+void EndAtExit(int status, void* desk) {
     if (!OnMain()) {
         exitStatus = status;
         AskForEnd();
         Park();
     }
     if (!DisplayIsLost()) exitStatus = status;
-    End();
+    End(*static_cast<const Desk*>(desk));
 }
 
-void TellActivity(Qt::ApplicationState state) {
-    static bool active = false;
-    const bool now = state == Qt::ApplicationActive;
-    if (now == active || TheDesk().Ending) return;
-    active = now;
-    if (active) TheDesk().Client->applicationDidBecomeActive();
-    if (!active) TheDesk().Client->applicationWillResignActive();
+void TellWindowsOfScreens() {
+    for (HostWindow* const window : HostWindow::All()) window->ScreensDidChange();
+}
+
+void TellOfTitleBar(Desk& desk) {
+    for (HostWindow* const window : HostWindow::All()) window->TitleBarDidChange();
+    ApplicationClient* const client = desk.Listener();
+    if (client != nullptr) client->titleBarHeightDidChange(desk.Above.Height());
 }
 
 }  // namespace
 
-DesktopApplication::DesktopApplication() {
+DesktopApplication::DesktopApplication(Desk& desk) : desk_(desk) {
     endAsked = new WakeEvent;  // for signal handlers, never destroyed
     MakePatience();
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) Catch(signal);
 }
 
 void DesktopApplication::Run(ApplicationClient& client) {
-    TheDesk().Client = &client;
-    on_exit(EndAtExit, nullptr);
-    TheDesk().Above.Measure();
-    WatchScreens();
+    desk_.Client = &client;
+    on_exit(EndAtExit, &desk_);
+    desk_.Above.Changed = [this] { TellOfTitleBar(desk_); };
+    desk_.Above.Measure();
+    WatchScreens(TellWindowsOfScreens);
     client.applicationWillFinishLaunching();
     client.applicationDidFinishLaunching();
-    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, TellActivity);
+    QObject::connect(
+        qGuiApp, &QGuiApplication::applicationStateChanged,
+        [this](Qt::ApplicationState state) { TellActivity(state == Qt::ApplicationActive); });
     const QSocketNotifier notifier(endAsked->Descriptor(), QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, [] { End(); });
+    QObject::connect(&notifier, &QSocketNotifier::activated, [this] { End(desk_); });
     QTimer::singleShot(kSettledMs, qGuiApp, [&client] { client.applicationDidSettle(); });
     QApplication::exec();
-    End();
+    End(desk_);
+}
+
+void DesktopApplication::TellActivity(bool active) {
+    ApplicationClient* const client = desk_.Listener();
+    if (active == active_ || client == nullptr) return;
+    active_ = active;
+    if (active) client->applicationDidBecomeActive();
+    if (!active) client->applicationWillResignActive();
 }
 
 void DesktopApplication::Terminate() {
@@ -148,7 +158,7 @@ void DesktopApplication::Terminate() {
 
 void DesktopApplication::TerminateNow() {
     AskForEnd();
-    End();
+    End(desk_);
 }
 
 void DesktopApplication::Serve(std::chrono::nanoseconds duration) {

@@ -112,8 +112,8 @@ QWidget* MakeControl(const FormRow& row) {
 
 }  // namespace
 
-FormWindow::FormWindow(QString title, std::vector<FormRow> rows)
-    : HostWindow(std::move(title), {}, Sizing::Fixed), rows_(std::move(rows)) {
+FormWindow::FormWindow(Desk& desk, QString title, std::vector<FormRow> rows)
+    : HostWindow(desk, std::move(title), {}, Sizing::Fixed), rows_(std::move(rows)) {
     refresh_.setInterval(kRefreshMs);
     QObject::connect(&refresh_, &QTimer::timeout,
                      [this] { IsVisible() ? Refresh() : refresh_.stop(); });

@@ -12,7 +12,7 @@ namespace platform::desktop {
 /// A window with a column of labels and controls, as large as they need now. Main thread.
 class FormWindow : public HostWindow {
   public:
-    FormWindow(QString title, std::vector<FormRow> rows);
+    FormWindow(Desk& desk, QString title, std::vector<FormRow> rows);
 
   private:
     struct LiveRow {

@@ -14,19 +14,19 @@ constexpr double kSmallestZoom = 0.25;  // that a person can pull the window to
 
 }  // namespace
 
-GraphicWindow::GraphicWindow(ViewClient& client)
-    : HostWindow({}, {kWidth, kHeight}, Sizing::ByZoom, Keys::Program),
-      view_(*this, client, {0, 0, kWidth, kHeight}) {
+GraphicWindow::GraphicWindow(Desk& desk, ViewClient& client)
+    : HostWindow(desk, {}, {kWidth, kHeight}, Sizing::ByZoom, Keys::Program),
+      area_(*this, client, {0, 0, kWidth, kHeight}) {
     SetBackgroundColor({255, 0, 0, 0});
     client.awakeFromNib();
 }
 
 void GraphicWindow::Fill(QWidget& content) {
-    view_.MakeWidget(content);
+    area_.MakeWidget(content);
 }
 
 void GraphicWindow::ContentDidResize(QSize /*before*/) {
-    view_.LayOut();
+    area_.LayOut();
 }
 
 QSize GraphicWindow::SmallestContent() const {

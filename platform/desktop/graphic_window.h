@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/graphic_view.h"
+#include "platform/desktop/drawing_area.h"
 #include "platform/desktop/host_window.h"
 
 namespace platform::desktop {
@@ -8,16 +8,16 @@ namespace platform::desktop {
 /// A window around one drawing area, sized by zoom. Main thread.
 class GraphicWindow : public HostWindow {
   public:
-    explicit GraphicWindow(ViewClient& client);
+    GraphicWindow(Desk& desk, ViewClient& client);
 
-    [[nodiscard]] GraphicView& Area() { return view_; }
+    [[nodiscard]] DrawingArea& Area() { return area_; }
 
   private:
     void Fill(QWidget& content) override;
     void ContentDidResize(QSize before) override;
     [[nodiscard]] QSize SmallestContent() const override;
 
-    GraphicView view_;
+    DrawingArea area_;
 };
 
 }  // namespace platform::desktop

@@ -2,12 +2,12 @@
 
 #include <QtGui/QCloseEvent>
 
-#include "platform/desktop/desk.h"
+#include "platform/desktop/menus.h"
 
 namespace platform::desktop {
 
-HostWidget::HostWidget(HostWidgetOwner& owner, Keys keys)
-    : owner_(owner), menuBar_(TheDesk().Bar.MakeBar(*this, keys)), content_(new QWidget(this)) {
+HostWidget::HostWidget(HostWidgetOwner& owner, Menus& menus, Keys keys)
+    : owner_(owner), menuBar_(menus.MakeBar(*this, keys)), content_(new QWidget(this)) {
     content_->setAutoFillBackground(true);
 }
 

@@ -6,6 +6,8 @@
 
 namespace platform::desktop {
 
+class Menus;
+
 /// What a top-level widget tells the window that it belongs to.
 class HostWidgetOwner {
   public:
@@ -20,7 +22,7 @@ class HostWidgetOwner {
 /// The top-level widget of a window: menu bar above, content below.
 class HostWidget : public QWidget {
   public:
-    HostWidget(HostWidgetOwner& owner, Keys keys);
+    HostWidget(HostWidgetOwner& owner, Menus& menus, Keys keys);
 
     [[nodiscard]] QWidget& Content() { return *content_; }
 

@@ -11,21 +11,36 @@
 #include "platform/desktop/desk.h"
 #include "platform/desktop/seam_rect.h"
 #include "platform/desktop/text.h"
+#include "platform/platform.h"
 
 namespace platform::desktop {
 
 namespace {
+
+// All that were made; they live as long as the process.
+std::vector<HostWindow*>& Windows() {
+    static auto* const windows = new std::vector<HostWindow*>;
+    return *windows;
+}
 
 HostWindow* lastActive = nullptr;
 
 constexpr int kExposureMs = 100;
 constexpr unsigned long kExposureStepUs = 500;
 
+bool AnythingVisible() {
+    return std::ranges::any_of(Windows(), &HostWindow::IsVisible);
+}
+
 }  // namespace
 
-HostWindow::HostWindow(QString title, QSize content, Sizing sizing, Keys keys)
-    : title_(std::move(title)), content_(QPoint(0, 0), content), sizing_(sizing), keys_(keys) {
-    TheDesk().Windows.push_back(this);
+HostWindow::HostWindow(Desk& desk, QString title, QSize content, Sizing sizing, Keys keys)
+    : desk_(desk),
+      title_(std::move(title)),
+      content_(QPoint(0, 0), content),
+      sizing_(sizing),
+      keys_(keys) {
+    Windows().push_back(this);
     settle_.setSingleShot(true);
     QObject::connect(&settle_, &QTimer::timeout, [this] { Settle(); });
 }
@@ -97,7 +112,7 @@ void HostWindow::SetStyleMask(std::int64_t mask) {
         }
         widget_->overrideWindowFlags(
             widget_->windowFlags().setFlag(Qt::FramelessWindowHint, !titled));
-        widget_->SetMenuBarHeight(titled ? TheDesk().Above.MenuBar() : 0);
+        widget_->SetMenuBarHeight(titled ? desk_.Above.MenuBar() : 0);
     }
     Place(frame.adjusted(0, HeightAbove(), 0, 0));
 }
@@ -115,13 +130,12 @@ void HostWindow::WaitForExposure() {
     if (!visible_ || !std::exchange(exposureDue_, false)) return;
     const QWindow* const native = widget_->windowHandle();
     const QDeadlineTimer patience(kExposureMs);
-    QueuePump& pump = TheDesk().Pump;
-    pump.Hold();
+    desk_.Pump.Hold();
     while (!native->isExposed() && !patience.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         QThread::usleep(kExposureStepUs);
     }
-    pump.Release();
+    desk_.Pump.Release();
 }
 
 void HostWindow::Prepare() {
@@ -129,14 +143,18 @@ void HostWindow::Prepare() {
     static_cast<void>(widget_->winId());
 }
 
+const std::vector<HostWindow*>& HostWindow::All() {
+    return Windows();
+}
+
 HostWindow* HostWindow::LastActive() {
     return lastActive;
 }
 
 void HostWindow::CloseRequested() {
-    Desk& desk = TheDesk();
-    if (desk.Client == nullptr || desk.Ending || !desk.Client->windowShouldClose(*this)) return;
-    desk.Client->windowWillClose(*this);
+    ApplicationClient* const client = desk_.Listener();
+    if (client == nullptr || !client->windowShouldClose(*this)) return;
+    client->windowWillClose(*this);
     OrderOut();
 }
 
@@ -154,15 +172,15 @@ QRect HostWindow::FrameRect() const {
 }
 
 int HostWindow::HeightAbove() const {
-    return titled_ ? TheDesk().Above.Height() : 0;
+    return titled_ ? desk_.Above.Height() : 0;
 }
 
 void HostWindow::MakeWidget() {
     if (widget_ != nullptr) return;
-    widget_ = new HostWidget(*this, keys_);
+    widget_ = new HostWidget(*this, desk_.Bar, keys_);
     widget_->setWindowTitle(title_);
     widget_->setWindowFlag(Qt::FramelessWindowHint, !titled_);
-    widget_->SetMenuBarHeight(titled_ ? TheDesk().Above.MenuBar() : 0);
+    widget_->SetMenuBarHeight(titled_ ? desk_.Above.MenuBar() : 0);
     ApplyBackground();
     Fill(widget_->Content());
     shown_ = PlaceToShow();
@@ -200,8 +218,7 @@ void HostWindow::Place(const QRect& content) {
 
 void HostWindow::Resized(QSize before) {
     ContentDidResize(before);
-    Desk& desk = TheDesk();
-    if (desk.Client != nullptr && !desk.Ending) desk.Client->windowDidResize(*this);
+    if (ApplicationClient* const client = desk_.Listener()) client->windowDidResize(*this);
 }
 
 // Only of windows in their usual state: a maximised one may have a thinner title bar or none.
@@ -209,7 +226,7 @@ void HostWindow::LookAtTitleBar() {
     const QWindow* const native = widget_->windowHandle();
     if (!titled_ || !visible_ || native == nullptr || !native->isExposed()) return;
     if (native->windowStates() != Qt::WindowNoState) return;
-    TheDesk().Above.FrameSeen(native->frameMargins());
+    desk_.Above.FrameSeen(native->frameMargins());
 }
 
 void HostWindow::ApplyBackground() {
@@ -218,6 +235,21 @@ void HostWindow::ApplyBackground() {
     palette.setColor(QPalette::Window,
                      QColor(background_->Red, background_->Green, background_->Blue));
     widget_->Content().setPalette(palette);
+}
+
+// Tells the client once nothing of ours is left on the screen, after the current event, unless a
+// window is shown by then. A minimised window is on the screen.
+void HostWindow::TellWhenNothingIsVisible() {
+    if (AnythingVisible()) return;
+    PostToMain([&desk = desk_] {
+        ApplicationClient* const client = desk.Listener();
+        if (client == nullptr || AnythingVisible()) return;
+        if (client->applicationShouldTerminateAfterLastWindowClosed()) {
+            Current().Application->Terminate();
+        } else {
+            client->lastWindowDidHide();
+        }
+    });
 }
 
 }  // namespace platform::desktop

@@ -6,11 +6,14 @@
 #include <QtCore/QTimer>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "platform/desktop/host_widget.h"
 #include "platform/window.h"
 
 namespace platform::desktop {
+
+struct Desk;
 
 /// A window of the program. Until it is shown for the first time, or prepared for that, it is
 /// nothing but the values here; its widgets are made then. Main thread.
@@ -24,7 +27,7 @@ class HostWindow : public Window, private HostWidgetOwner {
     enum class Sizing : std::uint8_t { Fixed, ByPerson, ByZoom };
 
     /// Without a size the content has the one that FirstSize gives when it is asked for.
-    HostWindow(QString title, QSize content, Sizing sizing, Keys keys = Keys::Window);
+    HostWindow(Desk& desk, QString title, QSize content, Sizing sizing, Keys keys = Keys::Window);
 
     [[nodiscard]] Rect Frame() const override;
     [[nodiscard]] Rect ScreenFrame() const override;
@@ -56,6 +59,9 @@ class HostWindow : public Window, private HostWidgetOwner {
 
     /// A screen came, went or changed.
     void ScreensDidChange();
+
+    /// All windows, in the order in which they were made.
+    static const std::vector<HostWindow*>& All();
 
     /// The window that was active last among ours; nullptr when it was hidden since.
     static HostWindow* LastActive();
@@ -106,7 +112,9 @@ class HostWindow : public Window, private HostWidgetOwner {
 
     void LookAtTitleBar();
     void ApplyBackground();
+    void TellWhenNothingIsVisible();
 
+    Desk& desk_;
     QString title_;
     mutable QRect content_;  // through Content() until it has a size
     Sizing sizing_;

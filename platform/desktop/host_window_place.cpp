@@ -59,7 +59,7 @@ void HostWindow::GeometryChanged() {
 }
 
 QRect HostWindow::Room() const {
-    return RoomFor(FrameRect(), titled_ ? TheDesk().Above.Frame() : QMargins(),
+    return RoomFor(FrameRect(), titled_ ? desk_.Above.Frame() : QMargins(),
                    widget_ != nullptr ? widget_->screen() : nullptr);
 }
 
@@ -90,7 +90,7 @@ bool HostWindow::StandsWell() const {
 }
 
 int HostWindow::Grip() const {
-    return titled_ ? std::max(TheDesk().Above.TitleBar(), 1) : kBorderlessGrip;
+    return titled_ ? std::max(desk_.Above.TitleBar(), 1) : kBorderlessGrip;
 }
 
 // A window that a person may size starts no larger than the screen.

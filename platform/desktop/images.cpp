@@ -2,9 +2,6 @@
 
 #include <QtCore/QtEndian>
 
-#include "platform/desktop/desktop.h"
-#include "platform/desktop/text.h"
-
 namespace platform::desktop {
 
 namespace {
@@ -29,10 +26,6 @@ QImage ImageOf(const Picture& picture) {
                 picture.Order);
     }
     return image;
-}
-
-bool SavePicture(const Picture& picture, const std::string& path) {
-    return ImageOf(picture).save(ToQt(path));
 }
 
 }  // namespace platform::desktop

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 
 #include "platform/parts/machine.h"
 
@@ -10,9 +11,13 @@ namespace platform::desktop {
 /// away: what the first window on the screen will need is made in it. Any thread.
 class MainClock : public parts::MachineClock {
   public:
+    /// `prepare` makes it, on the main thread.
+    explicit MainClock(std::function<void()> prepare);
+
     void Sleep(std::chrono::nanoseconds duration) override;
 
   private:
+    std::function<void()> prepare_;
     std::atomic<bool> prepared_ = false;
 };
 

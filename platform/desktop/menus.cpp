@@ -6,7 +6,6 @@
 #include <QtWidgets/QMenu>
 #include <utility>
 
-#include "platform/desktop/desk.h"
 #include "platform/desktop/text.h"
 #include "platform/input.h"
 #include "platform/main_queue.h"
@@ -159,7 +158,7 @@ void Menus::DidHide(const QMenu& menu) {
 // may remove the item.
 void Menus::Choose(std::int64_t number) {
     const MenuItem* const item = ItemNumbered(model_, number);
-    if (item == nullptr || TheDesk().Ending || !IsEnabled(*item)) return;
+    if (item == nullptr || !TheMainQueue().IsOpen() || !IsEnabled(*item)) return;
     MenuItem chosen = *item;
     if (chosen.Chosen) chosen.Chosen(chosen);
 }

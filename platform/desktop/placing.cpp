@@ -6,9 +6,6 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/desktop/desk.h"
-#include "platform/desktop/host_window.h"
-
 namespace platform::desktop {
 
 namespace {
@@ -38,14 +35,6 @@ int Between(int value, int lowest, int highest) {
 
 double Ratio(int part, int whole) {
     return static_cast<double>(part) / whole;
-}
-
-void TellWindows() {
-    for (HostWindow* const window : TheDesk().Windows) window->ScreensDidChange();
-}
-
-void Watch(const QScreen* screen) {
-    QObject::connect(screen, &QScreen::availableGeometryChanged, TellWindows);
 }
 
 }  // namespace
@@ -120,10 +109,13 @@ QRect KeepingSides(const QRect& from, const QRect& to, const QSize& size) {
     return kept;
 }
 
-void WatchScreens() {
-    for (const QScreen* const screen : QGuiApplication::screens()) Watch(screen);
-    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, Watch);
-    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, TellWindows);
+void WatchScreens(const std::function<void()>& changed) {
+    const auto watch = [changed](const QScreen* screen) {
+        QObject::connect(screen, &QScreen::availableGeometryChanged, changed);
+    };
+    for (const QScreen* const screen : QGuiApplication::screens()) watch(screen);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, watch);
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, changed);
 }
 
 }  // namespace platform::desktop

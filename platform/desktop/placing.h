@@ -4,6 +4,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QRect>
 #include <QtCore/QSize>
+#include <functional>
 
 class QScreen;
 
@@ -47,7 +48,7 @@ namespace platform::desktop {
 /// A rectangle of this size that keeps the sides of `to` that were not pulled.
 [[nodiscard]] QRect KeepingSides(const QRect& from, const QRect& to, const QSize& size);
 
-/// Tells every window from now on when screens come, go or change.
-void WatchScreens();
+/// Has `changed` called from now on when screens come, go or change.
+void WatchScreens(const std::function<void()>& changed);
 
 }  // namespace platform::desktop

@@ -26,8 +26,8 @@ Rect Inside(const QSize& content, double margin, double roomAbove) {
 
 }  // namespace
 
-TextWindow::TextWindow(QString title, QSize content, bool ruler)
-    : HostWindow(std::move(title), content, Sizing::ByPerson),
+TextWindow::TextWindow(Desk& desk, QString title, QSize content, bool ruler)
+    : HostWindow(desk, std::move(title), content, Sizing::ByPerson),
       hasRuler_(ruler),
       scroll_(*this),
       ruler_(*this) {

@@ -39,7 +39,7 @@ class PlacedPart : public Part {
 /// all sides when the window is sized, the ruler to the sides and the top. Main thread.
 class TextWindow : public HostWindow {
   public:
-    TextWindow(QString title, QSize content, bool ruler);
+    TextWindow(Desk& desk, QString title, QSize content, bool ruler);
 
     [[nodiscard]] TextWindowParts Parts();
 

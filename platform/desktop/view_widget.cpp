@@ -6,7 +6,7 @@
 #include <iterator>
 #include <optional>
 
-#include "platform/desktop/graphic_view.h"
+#include "platform/desktop/drawing_area.h"
 #include "platform/desktop/key_events.h"
 
 namespace platform::desktop {
@@ -36,15 +36,15 @@ bool BelongsToProgram(const QKeyEvent& event) {
            !modifiers.testFlag(Qt::KeypadModifier);
 }
 
-// How many whole points of a view lie before a place in its widget.
-double Points(double place, double viewSize, int widgetSize) {
-    return std::floor(widgetSize > 0 ? place * viewSize / widgetSize : place);
+// How many whole points of the area lie before a place in its widget.
+double Points(double place, double areaSize, int widgetSize) {
+    return std::floor(widgetSize > 0 ? place * areaSize / widgetSize : place);
 }
 
 }  // namespace
 
-ViewWidget::ViewWidget(GraphicView& view, ViewClient& client, QWidget& content)
-    : QWidget(&content), view_(view), client_(client), content_(content) {
+ViewWidget::ViewWidget(DrawingArea& area, ViewClient& client, QWidget& content)
+    : QWidget(&content), area_(area), client_(client), content_(content) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoMousePropagation);
     if (client_.acceptsFirstResponder()) {
@@ -61,7 +61,7 @@ ViewWidget::ViewWidget(GraphicView& view, ViewClient& client, QWidget& content)
 }
 
 void ViewWidget::LayOut() {
-    setGeometry(view_.PlaceIn(content_.size()));
+    setGeometry(area_.PlaceIn(content_.size()));
 }
 
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
@@ -94,7 +94,7 @@ bool ViewWidget::event(QEvent* event) {
 }
 
 void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
-    view_.Paint(*this);
+    area_.Paint(*this);
 }
 
 void ViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -117,7 +117,7 @@ void ViewWidget::ShowAnswer() {
 }
 
 void ViewWidget::AskForAnswer() {
-    view_.SetNeedsDisplay();
+    area_.SetNeedsDisplay();
     if (++answers_ < std::size(kAnswersMs)) answer_.start(kAnswersMs[answers_]);
 }
 
@@ -169,7 +169,7 @@ void ViewWidget::ReleaseKey() {
 void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
     if (!IsLeftOrRight(event)) return;
     MousePress press;
-    const Rect frame = view_.Frame();
+    const Rect frame = area_.Frame();
     press.X = frame.X + Points(place.x() - x(), frame.Width, width());
     press.Y = frame.Y + frame.Height - Points(place.y() - y(), frame.Height, height());
     press.Buttons = static_cast<std::int64_t>(event.buttons().toInt());

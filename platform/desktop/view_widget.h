@@ -10,13 +10,13 @@ class QMouseEvent;
 
 namespace platform::desktop {
 
-class GraphicView;
+class DrawingArea;
 
 /// The widget of a drawing area: paints it and hands keys and clicks to its client, clicks on the
 /// border around the area included. Main thread.
 class ViewWidget : public QWidget {
   public:
-    ViewWidget(GraphicView& view, ViewClient& client, QWidget& content);
+    ViewWidget(DrawingArea& area, ViewClient& client, QWidget& content);
 
     /// Takes the place inside the content that the view has now.
     void LayOut();
@@ -42,7 +42,7 @@ class ViewWidget : public QWidget {
     void Press(const QMouseEvent& event, const QPointF& place);
     void Release(const QMouseEvent& event);
 
-    GraphicView& view_;
+    DrawingArea& area_;
     ViewClient& client_;
     QWidget& content_;
     bool keyHeld_ = false;  // the client was told of a press and of no release since

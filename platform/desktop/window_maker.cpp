@@ -12,18 +12,18 @@ namespace platform::desktop {
 // Windows live as long as the process.
 
 GraphicWindowParts DesktopWindowMaker::MakeGraphicWindow(ViewClient& client) {
-    auto* const window = new GraphicWindow(client);
+    auto* const window = new GraphicWindow(desk_, client);
     return {window, &window->Area()};
 }
 
 TextWindowParts DesktopWindowMaker::MakeTextWindow(std::string_view title, double width,
                                                    double height, bool ruler) {
     const QSize content = QSizeF(width, height).toSize();
-    return (new TextWindow(ToQt(title), content, ruler))->Parts();
+    return (new TextWindow(desk_, ToQt(title), content, ruler))->Parts();
 }
 
 Window* DesktopWindowMaker::MakeFormWindow(std::string_view title, std::vector<FormRow> rows) {
-    return new FormWindow(ToQt(title), std::move(rows));
+    return new FormWindow(desk_, ToQt(title), std::move(rows));
 }
 
 }  // namespace platform::desktop

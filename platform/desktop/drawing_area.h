@@ -8,13 +8,13 @@
 
 namespace platform::desktop {
 
-class GraphicWindow;
+class HostWindow;
 class ViewWidget;
 
 /// The drawing area of a graphic window and the picture that it shows. Main thread.
-class GraphicView : public View, private Canvas {
+class DrawingArea : public View, private Canvas {
   public:
-    GraphicView(GraphicWindow& window, ViewClient& client, const Rect& frame);
+    DrawingArea(platform::desktop::HostWindow& window, ViewClient& client, const Rect& frame);
 
     void SetNeedsDisplay() override;
     void Display() override;
@@ -47,7 +47,7 @@ class GraphicView : public View, private Canvas {
     void DrawSharp(QWidget& widget, const QSize& devicePixels);
     [[nodiscard]] bool HasPicture() const;
 
-    GraphicWindow& window_;
+    platform::desktop::HostWindow& window_;
     ViewClient& client_;
     Rect frame_;
     ViewWidget* widget_ = nullptr;  // made with the window's widget

@@ -1,11 +1,11 @@
-#include "platform/desktop/graphic_view.h"
+#include "platform/desktop/drawing_area.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QWindow>
 #include <cmath>
 #include <utility>
 
-#include "platform/desktop/graphic_window.h"
+#include "platform/desktop/host_window.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/view_widget.h"
 
@@ -30,14 +30,15 @@ bool WholeFactors(const QSize& target, const Picture& picture) {
 
 }  // namespace
 
-GraphicView::GraphicView(GraphicWindow& window, ViewClient& client, const Rect& frame)
+DrawingArea::DrawingArea(platform::desktop::HostWindow& window, ViewClient& client,
+                         const Rect& frame)
     : window_(window), client_(client), frame_(frame) {
     picture_.Order = kNativeWordOrder;
 }
 
 // The pass comes before the paint event and not with it: only so can the event be one for the rows
 // that changed. A window that cannot be seen is asked when it is uncovered.
-void GraphicView::SetNeedsDisplay() {
+void DrawingArea::SetNeedsDisplay() {
     needsDisplay_ = true;
     if (widget_ != nullptr && !std::exchange(passPosted_, true)) {
         QMetaObject::invokeMethod(
@@ -45,43 +46,43 @@ void GraphicView::SetNeedsDisplay() {
     }
 }
 
-void GraphicView::Display() {
+void DrawingArea::Display() {
     needsDisplay_ = true;
     if (widget_ == nullptr || asking_) return;
     window_.WaitForExposure();
     if (needsDisplay_ && IsExposed()) widget_->repaint(AskClient());
 }
 
-void GraphicView::MakePass() {
+void DrawingArea::MakePass() {
     passPosted_ = false;
     if (needsDisplay_ && !asking_ && IsExposed()) widget_->update(AskClient());
 }
 
-Window* GraphicView::HostWindow() {
+Window* DrawingArea::HostWindow() {
     return &window_;
 }
 
-void GraphicView::SetFrameSize(double width, double height) {
+void DrawingArea::SetFrameSize(double width, double height) {
     frame_.Width = width;
     frame_.Height = height;
     LayOut();
 }
 
-void GraphicView::SetFrameOrigin(double x, double y) {
+void DrawingArea::SetFrameOrigin(double x, double y) {
     frame_.X = x;
     frame_.Y = y;
     LayOut();
 }
 
-void GraphicView::MakeWidget(QWidget& content) {
+void DrawingArea::MakeWidget(QWidget& content) {
     widget_ = new ViewWidget(*this, client_, content);
 }
 
-void GraphicView::LayOut() {
+void DrawingArea::LayOut() {
     if (widget_ != nullptr) widget_->LayOut();
 }
 
-QRect GraphicView::PlaceIn(const QSize& widget) const {
+QRect DrawingArea::PlaceIn(const QSize& widget) const {
     const QSize content = window_.ContentSize();
     const double zoom = LargestZoomIn({QPoint(0, 0), widget}, content, 0);
     const auto left = [&](double x) {
@@ -96,13 +97,13 @@ QRect GraphicView::PlaceIn(const QSize& widget) const {
     return {corner, QSize(left(frame_.X + frame_.Width) - corner.x(), top(frame_.Y) - corner.y())};
 }
 
-void GraphicView::Paint(QWidget& widget) {
+void DrawingArea::Paint(QWidget& widget) {
     if (needsDisplay_ && !asking_) widget.update(AskClient());
     DrawPicture(widget);
 }
 
 // Where the picture changed.
-QRect GraphicView::AskClient() {
+QRect DrawingArea::AskClient() {
     needsDisplay_ = false;
     asking_ = true;
     changed_ = QRect();
@@ -116,32 +117,32 @@ QRect GraphicView::AskClient() {
     return changed_;
 }
 
-void GraphicView::Show(const Rows& changed) {
+void DrawingArea::Show(const Rows& changed) {
     if (std::exchange(shown_, true) && changed == Rows{}) return;
     scaledIsOld_ = true;
     changed_ = PlaceOf(changed);
 }
 
-bool GraphicView::IsExposed() const {
+bool DrawingArea::IsExposed() const {
     const QWindow* const native = widget_->window()->windowHandle();
     return native != nullptr && native->isExposed();
 }
 
 // Where rows of the picture are seen. A row of the widget may show parts of the picture's rows
 // beside its own.
-QRect GraphicView::PlaceOf(const Rows& rows) const {
+QRect DrawingArea::PlaceOf(const Rows& rows) const {
     const double scale = widget_->height() / static_cast<double>(picture_.Height);
     const int top = static_cast<int>(std::floor(static_cast<double>(rows.First) * scale)) - 1;
     const int bottom = static_cast<int>(std::ceil(static_cast<double>(rows.End) * scale)) + 1;
     return {0, top, widget_->width(), bottom - top};
 }
 
-bool GraphicView::HasPicture() const {
+bool DrawingArea::HasPicture() const {
     return shown_ && picture_.Width > 0 && picture_.Height > 0 &&
            std::ssize(picture_.Bytes) >= 4 * picture_.Width * picture_.Height;
 }
 
-void GraphicView::DrawPicture(QWidget& widget) {
+void DrawingArea::DrawPicture(QWidget& widget) {
     const QSize devicePixels = DevicePixels(widget);
     if (!HasPicture()) {
         QPainter(&widget).fillRect(widget.rect(), Qt::black);
@@ -153,7 +154,7 @@ void GraphicView::DrawPicture(QWidget& widget) {
     }
 }
 
-void GraphicView::DrawSharp(QWidget& widget, const QSize& devicePixels) {
+void DrawingArea::DrawSharp(QWidget& widget, const QSize& devicePixels) {
     if (scaled_.size() != devicePixels) {
         scaled_ = QImage(devicePixels, QImage::Format_RGB32);
         scaledIsOld_ = true;
