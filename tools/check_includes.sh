@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Checks that every include line points the way the folders may: down, never up, and that Qt, X
-# and the sound libraries stay where they are wrapped. Prints each line that does not; exits 1 if there is
+# Checks that every include line points the way the folders may: down, never up; that no two rooms
+# of a folder (a header with its source) need each other; and that Qt, X and the sound libraries
+# stay where they are wrapped. Prints each line and each circle that does not; exits 1 if there is
 # one.
 # usage: check_includes.sh [root of the tree]
 set -euo pipefail
@@ -48,6 +49,26 @@ done <<< "$rules"
 while IFS= read -r folder; do
     grep -q "^$folder  *|" <<< "$rules" || complain "$folder: has no rule"
 done < <(find platform toolkit -mindepth 1 -type d)
+
+# Rooms of a folder that need each other all the same: the first may include the second.
+pairs='platform/desktop/drawing_area platform/desktop/view_widget
+toolkit/graphics/pixel_rows toolkit/graphics/wide_pixels'
+
+# Which room includes which of its own folder, two names a line.
+neighbours() {
+    local file room
+    while IFS= read -r file; do
+        room=${file%.*}
+        sed -n "s|^#include \"\(${room%/*}/[a-z_0-9]*\)\.h\"$|$room \1|p" "$file"
+    done < <(find platform toolkit -name '*.h' -o -name '*.cpp')
+}
+
+# tsort names the rooms of each circle that it finds.
+while IFS= read -r circle; do
+    complain "$circle: include each other in a circle"
+done < <(neighbours | awk '$1 != $2' | grep -vxF "$pairs" | tsort 2>&1 > /dev/null |
+    awk '/loop:$/ { if (rooms) print rooms; rooms = ""; next } { rooms = rooms $2 " " }
+        END { if (rooms) print rooms }' | sed 's/ $//')
 
 # The toolkit knows the seam, not what implements it.
 while IFS= read -r line; do

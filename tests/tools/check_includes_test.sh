@@ -30,6 +30,8 @@ platform/parts/planted.h     | platform/parts/planted.h:     | #include "platfor
 platform/parts/library.cpp   | platform/parts/library.cpp:   | #include <QWidget>
 platform/desktop/library.cpp | platform/desktop/library.cpp: | #include <sndfile.h>
 platform/headless/planted.h  | platform/headless/planted.h:  | #include "platform/desktop/desk.h"
+platform/desktop/chrome.cpp  | platform/desktop/.* circle    | #include "platform/desktop/host_window.h"
+toolkit/window/window.h      | toolkit/window/.* circle      | #include "toolkit/window/blocks.h"
 game/planted.cpp             | game/planted.cpp:             | #include "toolkit/core/color.h"
 '
 
