@@ -9,6 +9,7 @@
 #include "toolkit/core/output.h"
 #include "toolkit/core/tables.h"
 #include "toolkit/core/threads.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/input/menu_events.h"
 #include "toolkit/input/mouse.h"
 #include "toolkit/start/quit.h"
@@ -16,45 +17,28 @@
 #include "toolkit/window/window.h"
 
 using toolkit::IsVisible;
+using toolkit::OtherWindow;
 using toolkit::PrintLine;
 
 namespace {
 
-// Above and below the pasteboard's scroll view, together.
-constexpr double kPasteboardMargins = 20;
-
-// How a text window is laid out in a frame of width W and height H below a title bar of height T:
-// the scroll view takes W - Width by H - T - Height at (Inset, Inset), the ruler W - RulerWidth.
-struct LayoutRow {
-    std::uint8_t Window;
-    platform::ScrollView* toolkit::Outlets::*Scroll;
-    platform::Ruler* toolkit::Outlets::*Ruler;  // nullptr: none
-    double Width;
-    double Height;
-    double Inset;
-};
-
-constexpr double kRulerWidth = 48;
+constexpr double kRoomForRuler = 15;  // above the scroll view
 constexpr double kRulerHeight = 19;
+constexpr double kRulerMargins = 48;  // left and right, together
 
-constexpr LayoutRow kLayouts[] = {
-    {toolkit::kPasteboardWindow, &AppDelegate::PasteboardScrollView, nullptr, 20, 20, 10},
-    {toolkit::kPrinterWindow, &AppDelegate::VirtualPrinterScrollView,
-     &AppDelegate::VirtualPrinterRuler, 40, 55, 20},
-    {toolkit::kConsoleWindow, &AppDelegate::SystemConsoleScrollView,
-     &AppDelegate::SystemConsoleRuler, 40, 55, 20},
-};
-
-void LayOut(const toolkit::Outlets& outlets, const LayoutRow& row, const platform::Rect& frame) {
+// Fits a text window's scroll view, and its ruler, into the frame below the title bar.
+void LayOut(const toolkit::Outlets& outlets, const OtherWindow& row, const platform::Rect& frame) {
     platform::ScrollView* const scroll = outlets.*row.Scroll;
     if (scroll == nullptr) return;
-    const double height = frame.Height - static_cast<double>(std::int64_t(t_TitleBarHeight));
-    const platform::Rect area{row.Inset, row.Inset, frame.Width - row.Width, height - row.Height};
+    const double content = frame.Height - static_cast<double>(std::int64_t(t_TitleBarHeight));
+    const double room = row.Ruler == nullptr ? 0 : kRoomForRuler;
+    const platform::Rect area{row.Margin, row.Margin, frame.Width - 2 * row.Margin,
+                              content - 2 * row.Margin - room};
     scroll->SetFrame(area);
     platform::Ruler* const ruler = row.Ruler == nullptr ? nullptr : outlets.*row.Ruler;
     if (ruler == nullptr) return;
     const platform::Rect before = ruler->Frame();
-    ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - kRulerWidth, kRulerHeight});
+    ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - kRulerMargins, kRulerHeight});
 }
 
 std::int64_t VisibleWindows() {
@@ -127,10 +111,8 @@ bool AppDelegate::windowShouldClose(platform::Window& window) {
 
 void AppDelegate::windowDidResize(platform::Window& /*window*/) {
     platform::Window* const main = platform::Current().Application->ActiveWindow();
-    const std::uint8_t number = toolkit::WindowNumber(main);
-    for (const LayoutRow& row : kLayouts) {
-        if (row.Window == number) LayOut(*this, row, main->Frame());
-    }
+    const OtherWindow* const row = toolkit::OtherWindowOf(toolkit::WindowNumber(main));
+    if (row != nullptr && row->Scroll != nullptr) LayOut(*this, *row, main->Frame());
 }
 
 void AppDelegate::titleBarHeightDidChange(std::int64_t height) {
@@ -195,6 +177,7 @@ void AppDelegate::MenuHandler(const platform::MenuItem& item) {
 
 std::int64_t AppDelegate::MeasuredTitleBarHeight() const {
     if (PasteboardWindow == nullptr || PasteboardScrollView == nullptr) return 0;
+    const double margins = 2 * toolkit::OtherWindowOf(toolkit::kPasteboardWindow)->Margin;
     return toolkit::Truncated(PasteboardWindow->Frame().Height -
-                              PasteboardScrollView->Frame().Height - kPasteboardMargins);
+                              PasteboardScrollView->Frame().Height - margins);
 }

@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/start/graphic_view.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/placement.h"
@@ -41,28 +42,21 @@ void AddGraphicWindows(toolkit::Outlets& outlets) {
     AddGraphicWindow<View07>(outlets.t_View07);
 }
 
+void AddTextWindow(toolkit::Outlets& outlets, std::uint8_t window, std::string_view title) {
+    const toolkit::OtherWindow& row = *toolkit::OtherWindowOf(window);
+    const auto made = platform::Current().WindowMaker->MakeTextWindow(
+        title, kTextWindowWidth, kTextWindowHeight, row.Ruler != nullptr);
+    outlets.*row.Host = made.Host;
+    outlets.*row.Scroll = made.Scroll;
+    outlets.*row.Text = made.Text;
+    if (row.Ruler != nullptr) outlets.*row.Ruler = made.Columns;
+}
+
 void AddTextWindows(toolkit::Outlets& outlets) {
-    platform::WindowMaker& windows = *platform::Current().WindowMaker;
-    const auto pasteboard =
-        windows.MakeTextWindow("Zwischenablage", kTextWindowWidth, kTextWindowHeight, false);
-    outlets.PasteboardWindow = pasteboard.Host;
-    outlets.PasteboardScrollView = pasteboard.Scroll;
-    outlets.PasteboardTextView = pasteboard.Text;
-
-    const auto printer =
-        windows.MakeTextWindow("Drucker", kTextWindowWidth, kTextWindowHeight, true);
-    outlets.VirtualPrinterWindow = printer.Host;
-    outlets.VirtualPrinterScrollView = printer.Scroll;
-    outlets.VirtualPrinterTextView = printer.Text;
-    outlets.VirtualPrinterRuler = printer.Columns;
-
-    const auto console =
-        windows.MakeTextWindow("Systemkonsole", kTextWindowWidth, kTextWindowHeight, true);
-    outlets.SystemConsoleWindow = console.Host;
-    outlets.SystemConsoleScrollView = console.Scroll;
-    outlets.SystemConsoleTextView = console.Text;
-    outlets.SystemConsoleRuler = console.Columns;
-    toolkit::SetOutputListener(MakeConsoleFeed(*console.Text));
+    AddTextWindow(outlets, toolkit::kPasteboardWindow, "Zwischenablage");
+    AddTextWindow(outlets, toolkit::kPrinterWindow, "Drucker");
+    AddTextWindow(outlets, toolkit::kConsoleWindow, "Systemkonsole");
+    toolkit::SetOutputListener(MakeConsoleFeed(*outlets.SystemConsoleTextView));
 }
 
 FormRow Words(FormRow::Kind kind, std::string_view text) {

@@ -15,6 +15,7 @@
 #include "toolkit/core/tables.h"
 #include "toolkit/core/text.h"
 #include "toolkit/core/threads.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/events/event.h"
 #include "toolkit/events/menu.h"
 #include "toolkit/font/font.h"

@@ -11,6 +11,7 @@
 #include "toolkit/core/sounds.h"
 #include "toolkit/core/strings.h"
 #include "toolkit/core/threads.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/graphics/frame.h"
 #include "toolkit/input/file_dialogs.h"
 #include "toolkit/text/screen.h"
@@ -35,8 +36,7 @@ void PutText(std::string_view text) {
 platform::TextView* TextViewOf(std::uint8_t window) {
     platform::TextView* const view = t_WindowTextView(window);
     if (view != nullptr) return view;
-    const bool console = window == toolkit::kConsoleWindow;
-    PrintLine("t_MenuEventHandler: ", console ? "System console" : "Virtual printer",
+    PrintLine("t_MenuEventHandler: ", toolkit::OtherWindowOf(window)->Name,
               " window is nil, resource undefined.");
     t_SysBeep();
     return nullptr;

@@ -2,36 +2,15 @@
 
 #include "platform/platform.h"
 #include "toolkit/core/outlets.h"
-#include "toolkit/window/window.h"
+#include "toolkit/core/window_numbers.h"
 
 namespace {
 
 using platform::TextView;
 using platform::View;
 using platform::Window;
+using toolkit::OtherWindow;
 using toolkit::Outlets;
-
-// The other windows in the order in which a window's number is looked up.
-struct OtherRow {
-    std::uint8_t Number;
-    Window* Outlets::*Host;
-    TextView* Outlets::*Text;
-};
-
-constexpr OtherRow kOthers[] = {
-    {toolkit::kPrinterWindow, &Outlets::VirtualPrinterWindow, &Outlets::VirtualPrinterTextView},
-    {toolkit::kConsoleWindow, &Outlets::SystemConsoleWindow, &Outlets::SystemConsoleTextView},
-    {toolkit::kPasteboardWindow, &Outlets::PasteboardWindow, &Outlets::PasteboardTextView},
-    {toolkit::kPreferencesWindow, &Outlets::PreferencesWindow, nullptr},
-    {toolkit::kMainWindow, &Outlets::MainWindow, nullptr},
-};
-
-const OtherRow* RowOf(std::uint8_t window) {
-    for (const OtherRow& row : kOthers) {
-        if (row.Number == window) return &row;
-    }
-    return nullptr;
-}
 
 View* ViewOf(std::uint8_t window) {
     const Outlets* const outlets = t_AppDelegate;
@@ -42,13 +21,13 @@ View* ViewOf(std::uint8_t window) {
 Window* HostOf(std::uint8_t window) {
     if (View* const view = ViewOf(window); view != nullptr) return view->HostWindow();
     const Outlets* const outlets = t_AppDelegate;
-    const OtherRow* const row = RowOf(window);
+    const OtherWindow* const row = toolkit::OtherWindowOf(window);
     return outlets == nullptr || row == nullptr ? nullptr : outlets->*row->Host;
 }
 
 TextView* TextOf(std::uint8_t window) {
     const Outlets* const outlets = t_AppDelegate;
-    const OtherRow* const row = RowOf(window);
+    const OtherWindow* const row = toolkit::OtherWindowOf(window);
     if (outlets == nullptr || row == nullptr || row->Text == nullptr) return nullptr;
     return outlets->*row->Text;
 }
@@ -75,7 +54,7 @@ std::uint8_t t_FrontWindow() {
 std::uint8_t toolkit::WindowNumber(const Window* window) {
     return platform::AskMain([window] {
         if (window == nullptr) return kNoWindow;
-        for (const OtherRow& row : kOthers) {
+        for (const OtherWindow& row : kOtherWindows) {
             if (HostOf(row.Number) == window) return row.Number;
         }
         for (std::uint8_t n = 0; n < kGraphicWindows; ++n) {

@@ -10,11 +10,13 @@
 #include "toolkit/core/palette.h"
 #include "toolkit/core/sounds.h"
 #include "toolkit/core/threads.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 
 using platform::RunOnMain;
 using toolkit::Minus;
+using toolkit::OtherWindow;
 using toolkit::Plus;
 using toolkit::Times;
 using toolkit::Truncated;
@@ -177,22 +179,15 @@ void SizeGraphicWindow(platform::Window& host, std::uint8_t window, const Place&
     w.DrawingRect = shown;
 }
 
-platform::ScrollView* ScrollViewOf(std::uint8_t window) {
+platform::ScrollView* ScrollViewOf(const OtherWindow& row) {
     const toolkit::Outlets* const outlets = t_AppDelegate;
-    if (outlets == nullptr || t_WindowTextView(window) == nullptr) return nullptr;
-    switch (window) {
-        case toolkit::kPasteboardWindow:
-            return outlets->PasteboardScrollView;
-        case toolkit::kPrinterWindow:
-            return outlets->VirtualPrinterScrollView;
-        default:
-            return outlets->SystemConsoleScrollView;
-    }
+    if (outlets == nullptr || t_WindowTextView(row.Number) == nullptr) return nullptr;
+    return outlets->*row.Scroll;
 }
 
-void SizeTextWindow(platform::Window& host, std::uint8_t window, const Place& place,
+void SizeTextWindow(platform::Window& host, const OtherWindow& row, const Place& place,
                     std::int64_t widthArgument, std::int64_t heightArgument) {
-    platform::ScrollView* const scroll = ScrollViewOf(window);
+    platform::ScrollView* const scroll = ScrollViewOf(row);
     const platform::Rect before = scroll == nullptr ? platform::Rect{} : scroll->Frame();
     if (host.IsVisible()) host.OrderFront();
     host.SetFrame(RectOf(place.X, place.Y, place.Width, Plus(t_TitleBarHeight, place.Height)));
@@ -209,19 +204,13 @@ void ShowOrHide(platform::Window& host, bool visible) {
     visible ? host.OrderFront() : host.OrderOut();
 }
 
-// A text window and the line for one that lacks its text view.
-struct TextWindowRow {
-    std::uint8_t Number;
-    std::string_view Name;
-};
+// The row of a text window; nullptr for other windows.
+const OtherWindow* TextWindowOf(std::uint8_t window) {
+    const OtherWindow* const row = toolkit::OtherWindowOf(window);
+    return row == nullptr || row->Text == nullptr ? nullptr : row;
+}
 
-constexpr TextWindowRow kTextWindows[] = {
-    {toolkit::kPasteboardWindow, "Pasteboard"},
-    {toolkit::kPrinterWindow, "Virtual printer"},
-    {toolkit::kConsoleWindow, "System console"},
-};
-
-void ShowTextWindow(platform::Window& host, const TextWindowRow& row, bool visible) {
+void ShowTextWindow(platform::Window& host, const OtherWindow& row, bool visible) {
     platform::TextView* const text = t_WindowTextView(row.Number);
     if (text == nullptr) {
         toolkit::PrintLine("t_WindowVisible: ", row.Name, " window is nil, resource undefined.");
@@ -256,8 +245,8 @@ void t_WindowSize(std::uint8_t window, std::int64_t x, std::int64_t y, std::int6
         const Place place = {given(x, 13), given(y, 20), given(width, 8), given(height, 9)};
         if (window < toolkit::kGraphicWindows) {
             SizeGraphicWindow(*host, window, place);
-        } else if (window <= toolkit::kConsoleWindow) {
-            SizeTextWindow(*host, window, place, width, height);
+        } else if (const OtherWindow* const row = TextWindowOf(window); row != nullptr) {
+            SizeTextWindow(*host, *row, place, width, height);
         } else {
             host->SetFrame(
                 RectOf(place.X, place.Y, place.Width, Plus(t_TitleBarHeight, place.Height)));
@@ -280,8 +269,8 @@ void t_WindowFront(std::uint8_t window) {
 void t_WindowVisible(std::uint8_t window, bool visible) {
     platform::Window* const host = ExistingWindow(__func__, window);
     if (host == nullptr) return;
-    for (const TextWindowRow& row : kTextWindows) {
-        if (row.Number == window) return ShowTextWindow(*host, row, visible);
+    if (const OtherWindow* const row = TextWindowOf(window); row != nullptr) {
+        return ShowTextWindow(*host, *row, visible);
     }
     RunOnMain([&] {
         ShowOrHide(*host, visible);

@@ -8,6 +8,7 @@
 #include "toolkit/core/color.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/shared.h"
+#include "toolkit/core/window_numbers.h"
 #include "toolkit/font/font.h"
 #include "toolkit/window/shared_rect.h"
 
@@ -88,7 +89,7 @@ struct t_Window {
     bool operator==(const t_Window&) const = default;
 };
 
-using t_WindowTable = std::array<t_Window, 8>;
+using t_WindowTable = std::array<t_Window, toolkit::kGraphicWindows>;
 
 /// Indexed by window number 0 to 7. Never destroyed.
 extern t_WindowTable& t_Windows;
@@ -106,16 +107,6 @@ extern constinit toolkit::Shared<std::uint8_t> t_FirstWindow;
 void t_WindowFont(std::uint8_t window, const t_Font& font);
 
 namespace toolkit {
-
-inline constexpr std::uint8_t kGraphicWindows = 8;
-
-// The other windows' numbers.
-inline constexpr std::uint8_t kPasteboardWindow = 8;
-inline constexpr std::uint8_t kPrinterWindow = 9;
-inline constexpr std::uint8_t kConsoleWindow = 10;
-inline constexpr std::uint8_t kPreferencesWindow = 11;
-inline constexpr std::uint8_t kMainWindow = 12;
-inline constexpr std::uint8_t kNoWindow = 255;
 
 enum class Need : std::uint8_t { SetUp, TextBlock };
 
