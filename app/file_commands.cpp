@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr std::int64_t kOpenTag = 100;
-constexpr std::int64_t kSaveTag = 101;
 constexpr std::string_view kTextFiles = "txt";
 
 std::int64_t Ask(const platform::Alert& alert) {
@@ -118,6 +116,6 @@ void SaveText() {
 
 void RunFileCommand() {
     const std::int64_t tag = t_MenuEventQueue[t_MenuEventQueue.size() - 1].ItemAction;
-    if (tag == kOpenTag) OpenText();
-    if (tag == kSaveTag) SaveText();
+    if (tag == toolkit::Number(toolkit::BuiltIn::OpenFile)) OpenText();
+    if (tag == toolkit::Number(toolkit::BuiltIn::SaveFile)) SaveText();
 }

@@ -12,12 +12,14 @@
 #include "app/zoom.h"
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
+#include "toolkit/events/menu.h"
 #include "toolkit/window/host_windows.h"
 #include "toolkit/window/window.h"
 
 namespace {
 
 using platform::MenuItem;
+using toolkit::BuiltIn;
 using toolkit::IsVisible;
 using toolkit::kConsoleWindow;
 using toolkit::kGraphicWindows;
@@ -25,6 +27,7 @@ using toolkit::kMainWindow;
 using toolkit::kPasteboardWindow;
 using toolkit::kPreferencesWindow;
 using toolkit::kPrinterWindow;
+using enum toolkit::BuiltIn;
 
 constexpr std::uint64_t kShortcut = platform::kControlFlag | platform::kShiftFlag;
 
@@ -65,7 +68,7 @@ bool AnyIsVisible(std::uint8_t /*window*/) {
 // Shift.
 struct ItemRow {
     std::string_view Title;
-    std::int64_t Tag = 0;
+    BuiltIn Action = None;
     std::string_view Key = {};
     Condition When = nullptr;              // none: always
     std::uint8_t Of = toolkit::kNoWindow;  // the window that is asked; none: the one in front
@@ -73,21 +76,21 @@ struct ItemRow {
 
 constexpr ItemRow kSeparator = {""};
 
-constexpr ItemRow kPreferences = {"Einstellungen zeigen", 207, "e"};
+constexpr ItemRow kPreferences = {"Einstellungen zeigen", ShowPreferences, "e"};
 
 constexpr ItemRow kFileItems[] = {
-    {"Öffnen …", 100, "o"},
-    {"Sichern unter …", 101, "s", HasTextToSave},
+    {"Öffnen …", OpenFile, "o"},
+    {"Sichern unter …", SaveFile, "s", HasTextToSave},
 };
 
 constexpr ItemRow kEditItems[] = {
-    {"Text kopieren", 111, "c", HasTextToCopy},
-    {"Bild kopieren", 110, "b", IsSetUp},
+    {"Text kopieren", CopyText, "c", HasTextToCopy},
+    {"Bild kopieren", CopyPicture, "b", IsSetUp},
     kSeparator,
-    {"Drucker leeren", 112, "", HoldsText, kPrinterWindow},
-    {"Systemkonsole leeren", 114, "", HoldsText, kConsoleWindow},
+    {"Drucker leeren", ClearPrinter, "", HoldsText, kPrinterWindow},
+    {"Systemkonsole leeren", ClearConsole, "", HoldsText, kConsoleWindow},
     kSeparator,
-    {"Fensterfunktion ausführen", 113, "f", IsGraphic},
+    {"Fensterfunktion ausführen", RunWindowProc, "f", IsGraphic},
 };
 
 // What the platform does with the window in front; no action of the toolkit.
@@ -105,31 +108,30 @@ constexpr ZoomRow kZoomItems[] = {
 };
 
 constexpr ItemRow kWindowItems[] = {
-    {"Alle Fenster ausblenden", 200, "h", AnyIsVisible},
-    {"Vorderstes Fenster ausblenden", 201, "w", IsVisible},
+    {"Alle Fenster ausblenden", HideAll, "h", AnyIsVisible},
+    {"Vorderstes Fenster ausblenden", HideFront, "w", IsVisible},
     kSeparator,
-    {"Hauptfenster zeigen", 205, "m"},
-    {"Hauptfenster ausblenden", 206, "", IsVisible, kMainWindow},
-    {"Einstellungen zeigen", 207},
-    {"Einstellungen ausblenden", 208, "", IsVisible, kPreferencesWindow},
-    {"Drucker zeigen", 209, "d"},
-    {"Drucker ausblenden", 210, "", IsVisible, kPrinterWindow},
-    {"Zwischenablage zeigen", 211, "z"},
-    {"Zwischenablage ausblenden", 212, "", IsVisible, kPasteboardWindow},
-    {"Systemkonsole zeigen", 229, "k"},
-    {"Systemkonsole ausblenden", 230, "", IsVisible, kConsoleWindow},
+    {"Hauptfenster zeigen", ShowMain, "m"},
+    {"Hauptfenster ausblenden", HideMain, "", IsVisible, kMainWindow},
+    {"Einstellungen zeigen", ShowPreferences},
+    {"Einstellungen ausblenden", HidePreferences, "", IsVisible, kPreferencesWindow},
+    {"Drucker zeigen", ShowPrinter, "d"},
+    {"Drucker ausblenden", HidePrinter, "", IsVisible, kPrinterWindow},
+    {"Zwischenablage zeigen", ShowPasteboard, "z"},
+    {"Zwischenablage ausblenden", HidePasteboard, "", IsVisible, kPasteboardWindow},
+    {"Systemkonsole zeigen", ShowConsole, "k"},
+    {"Systemkonsole ausblenden", HideConsole, "", IsVisible, kConsoleWindow},
     kSeparator,
 };
 
 // Two items for each graphic window; the first ones of a pair are reached by the function keys from
 // F1 on: a digit with Control and Shift is a control code on some keyboards.
-constexpr std::int64_t kFirstGraphicTag = 213;
 constexpr std::string_view kFunctionKeys[] = {
     "\uF704", "\uF705", "\uF706", "\uF707", "\uF708", "\uF709", "\uF70A", "\uF70B",
 };
 
-bool CanRun(const ItemRow& row) {
-    return row.When == nullptr || row.When(row.Of == toolkit::kNoWindow ? t_FrontWindow() : row.Of);
+bool CanBeDone(Condition condition, std::uint8_t of) {
+    return condition == nullptr || condition(of == toolkit::kNoWindow ? t_FrontWindow() : of);
 }
 
 void Send(const MenuItem& item) {
@@ -137,19 +139,21 @@ void Send(const MenuItem& item) {
 }
 
 // The item of a row as `chosen` answers it.
-MenuItem ItemOf(const ItemRow& row, std::string_view title, std::function<void(MenuItem&)> chosen) {
+MenuItem ItemOf(const ItemRow& row, std::function<void(MenuItem&)> chosen) {
     MenuItem item;
-    item.Title = title;
+    item.Title = row.Title;
     item.KeyEquivalent = row.Key;
     item.KeyEquivalentModifierMask = row.Key.empty() ? 0 : kShortcut;
-    item.Tag = row.Tag;
+    item.Tag = Number(row.Action);
     item.Chosen = std::move(chosen);
-    item.CanBeChosen = [row](const MenuItem& /*item*/) { return CanRun(row); };
+    item.CanBeChosen = [condition = row.When, of = row.Of](const MenuItem& /*item*/) {
+        return CanBeDone(condition, of);
+    };
     return item;
 }
 
 void AddItem(platform::Menu& menu, const ItemRow& row) {
-    row.Title.empty() ? menu.AddSeparator() : void(menu.Add(ItemOf(row, row.Title, Send)));
+    row.Title.empty() ? menu.AddSeparator() : void(menu.Add(ItemOf(row, Send)));
 }
 
 template <std::size_t Rows>
@@ -160,7 +164,7 @@ void AddMenu(std::string_view title, const ItemRow (&rows)[Rows]) {
 
 // An item of the application itself, which the toolkit has no action for.
 MenuItem OwnItem(std::string_view title, std::string_view key, std::function<void()> chosen) {
-    return ItemOf({title, 0, key}, title,
+    return ItemOf({title, None, key},
                   [chosen = std::move(chosen)](const MenuItem& /*item*/) { chosen(); });
 }
 
@@ -192,9 +196,8 @@ void AddZoomItems(platform::Menu& menu) {
 void AddGraphicWindowItems(platform::Menu& menu) {
     for (std::uint8_t n = 0; n < kGraphicWindows; ++n) {
         const std::string name = toolkit::Joined("Grafikfenster ", n);
-        const std::int64_t tag = kFirstGraphicTag + std::int64_t{2} * n;
-        menu.Add(ItemOf({"", tag, kFunctionKeys[n], IsSetUp, n}, name + " zeigen", Send));
-        menu.Add(ItemOf({"", tag + 1, "", IsVisible, n}, name + " ausblenden", Send));
+        AddItem(menu, {name + " zeigen", toolkit::ShowGraphic(n), kFunctionKeys[n], IsSetUp, n});
+        AddItem(menu, {name + " ausblenden", toolkit::HideGraphic(n), "", IsVisible, n});
     }
 }
 

@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/menu.h"
-#include "toolkit/core/handler.h"
 #include "toolkit/core/shared.h"
 #include "toolkit/events/event_queue.h"
 
@@ -31,7 +29,7 @@ struct t_MenuEvent {
 /// What an item with a certain tag does.
 struct t_MenuAction {
     std::int64_t Tag = 0;
-    std::int64_t Action = 0;  // number of the built-in action, see menu.cpp
+    std::int64_t Action = 0;  // number of the built-in action, see toolkit::BuiltIn
     std::string Title;        // of the dialogs, actions 100 (open) and 101 (save)
     std::string Note;
     std::string FileName;   // preset of the save dialog; after a dialog the chosen file's name
@@ -42,6 +40,46 @@ struct t_MenuAction {
 };
 
 namespace toolkit {
+
+/// The numbers of the built-in actions; what each does stands at t_MenuEventHandler. Items of the
+/// menus have the same numbers as tags.
+enum class BuiltIn : std::int64_t {
+    None = 0,
+    OpenFile = 100,
+    SaveFile = 101,
+    CopyPicture = 110,
+    CopyText = 111,
+    ClearPrinter = 112,
+    RunWindowProc = 113,
+    ClearConsole = 114,
+    HideAll = 200,
+    HideFront = 201,
+    ShowMain = 205,
+    HideMain = 206,
+    ShowPreferences = 207,
+    HidePreferences = 208,
+    ShowPrinter = 209,
+    HidePrinter = 210,
+    ShowPasteboard = 211,
+    HidePasteboard = 212,
+    ShowGraphic0 = 213,  // two for each graphic window
+    HideGraphic0 = 214,
+    HideGraphic7 = 228,
+    ShowConsole = 229,
+    HideConsole = 230,
+};
+
+[[nodiscard]] constexpr std::int64_t Number(BuiltIn action) {
+    return static_cast<std::int64_t>(action);
+}
+
+/// What shows, and what hides, graphic window `window` (0 to 7).
+[[nodiscard]] constexpr BuiltIn ShowGraphic(std::uint8_t window) {
+    return BuiltIn{Number(BuiltIn::ShowGraphic0) + std::int64_t{2} * window};
+}
+[[nodiscard]] constexpr BuiltIn HideGraphic(std::uint8_t window) {
+    return BuiltIn{Number(BuiltIn::HideGraphic0) + std::int64_t{2} * window};
+}
 
 /// The menu actions, in the order in which they were added, indexed from 0. A program adds its own;
 /// the main thread reads them and stores what a dialog gave. Any thread; every operation is one

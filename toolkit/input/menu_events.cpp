@@ -24,6 +24,7 @@ toolkit::Handler& t_MenuWindowProc = *new toolkit::Handler(t_SysBeep);
 
 namespace {
 
+using toolkit::BuiltIn;
 using toolkit::PrintLine;
 
 void PutText(std::string_view text) {
@@ -101,43 +102,44 @@ void Hide(std::int64_t /*index*/, std::int64_t window) {
 }
 
 struct ActionRow {
-    std::int64_t Number;
+    BuiltIn Action;
     void (*Run)(std::int64_t index, std::int64_t argument);
     std::int64_t Argument = 0;
 };
 
 constexpr ActionRow kActions[] = {
-    {100, OpenDialog},
-    {101, SaveDialog},
-    {110, CopyPicture},
-    {111, CopyText},
-    {112, ClearText, toolkit::kPrinterWindow},
-    {113, RunWindowProc},
-    {114, ClearText, toolkit::kConsoleWindow},
-    {200, HideAll},
-    {201, HideFront},
-    {205, Show, toolkit::kMainWindow},
-    {206, Hide, toolkit::kMainWindow},
-    {207, Show, toolkit::kPreferencesWindow},
-    {208, Hide, toolkit::kPreferencesWindow},
-    {209, Show, toolkit::kPrinterWindow},
-    {210, Hide, toolkit::kPrinterWindow},
-    {211, Show, toolkit::kPasteboardWindow},
-    {212, Hide, toolkit::kPasteboardWindow},
-    {229, Show, toolkit::kConsoleWindow},
-    {230, Hide, toolkit::kConsoleWindow},
+    {BuiltIn::OpenFile, OpenDialog},
+    {BuiltIn::SaveFile, SaveDialog},
+    {BuiltIn::CopyPicture, CopyPicture},
+    {BuiltIn::CopyText, CopyText},
+    {BuiltIn::ClearPrinter, ClearText, toolkit::kPrinterWindow},
+    {BuiltIn::RunWindowProc, RunWindowProc},
+    {BuiltIn::ClearConsole, ClearText, toolkit::kConsoleWindow},
+    {BuiltIn::HideAll, HideAll},
+    {BuiltIn::HideFront, HideFront},
+    {BuiltIn::ShowMain, Show, toolkit::kMainWindow},
+    {BuiltIn::HideMain, Hide, toolkit::kMainWindow},
+    {BuiltIn::ShowPreferences, Show, toolkit::kPreferencesWindow},
+    {BuiltIn::HidePreferences, Hide, toolkit::kPreferencesWindow},
+    {BuiltIn::ShowPrinter, Show, toolkit::kPrinterWindow},
+    {BuiltIn::HidePrinter, Hide, toolkit::kPrinterWindow},
+    {BuiltIn::ShowPasteboard, Show, toolkit::kPasteboardWindow},
+    {BuiltIn::HidePasteboard, Hide, toolkit::kPasteboardWindow},
+    {BuiltIn::ShowConsole, Show, toolkit::kConsoleWindow},
+    {BuiltIn::HideConsole, Hide, toolkit::kConsoleWindow},
 };
 
-// The graphic windows' actions: two for each window, show and hide.
-constexpr std::int64_t kFirstGraphicAction = 213;
-constexpr std::int64_t kLastGraphicAction = 228;
+bool IsGraphicAction(BuiltIn action) {
+    return action >= BuiltIn::ShowGraphic0 && action <= BuiltIn::HideGraphic7;
+}
 
-void RunGraphicAction(std::int64_t number) {
-    const auto n = static_cast<std::uint8_t>((number - kFirstGraphicAction) / 2);
+void RunGraphicAction(BuiltIn action) {
+    const std::int64_t distance = Number(action) - Number(BuiltIn::ShowGraphic0);
+    const auto n = static_cast<std::uint8_t>(distance / 2);
     if (!toolkit::IsUsable(t_Windows[n], toolkit::Need::SetUp)) {
         toolkit::PrintNotInitialized("t_MenuEventHandler", n);
         t_SysBeep();
-    } else if ((number - kFirstGraphicAction) % 2 == 0) {
+    } else if (action == toolkit::ShowGraphic(n)) {
         t_WindowFront(n);
     } else {
         t_WindowVisible(n, false);
@@ -145,11 +147,9 @@ void RunGraphicAction(std::int64_t number) {
 }
 
 void RunAction(std::int64_t index) {
-    const std::int64_t number = t_MenuActions[index].Action;
-    if (number >= kFirstGraphicAction && number <= kLastGraphicAction) {
-        return RunGraphicAction(number);
-    }
-    const auto* const row = std::ranges::find(kActions, number, &ActionRow::Number);
+    const BuiltIn action{t_MenuActions[index].Action};
+    if (IsGraphicAction(action)) return RunGraphicAction(action);
+    const auto* const row = std::ranges::find(kActions, action, &ActionRow::Action);
     if (row != std::end(kActions)) row->Run(index, row->Argument);
 }
 

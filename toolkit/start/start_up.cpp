@@ -15,6 +15,7 @@
 
 namespace {
 
+using toolkit::BuiltIn;
 using toolkit::PrintLine;
 
 // Items that a desktop adds to the menus by itself and that do nothing here.
@@ -36,7 +37,11 @@ struct TagRange {
     std::int64_t Last;
 };
 
-constexpr TagRange kBuiltInTags[] = {{200, 231}, {110, 114}};
+// The first range has a number behind the last action that is kept free.
+constexpr TagRange kBuiltInTags[] = {
+    {toolkit::Number(BuiltIn::HideAll), toolkit::Number(BuiltIn::HideConsole) + 1},
+    {toolkit::Number(BuiltIn::CopyPicture), toolkit::Number(BuiltIn::ClearConsole)},
+};
 
 void CreateMemory() {
     t_HighMemory = toolkit::kHighestAddress;
