@@ -22,6 +22,7 @@
 
 using toolkit::PrintLine;
 
+using toolkit::PlaceCode;
 namespace {
 
 constexpr std::int64_t kSmallestSide = 32;  // of a picture, pixels
@@ -110,8 +111,9 @@ bool PlanGraphicBlock(Plan& plan, std::int64_t free) {
 }
 
 void PlanBorders(Plan& plan) {
-    if (plan.BorderWidth < 0) plan.BorderWidth = t_WindowPos(plan.Window, 15) - plan.Width;
-    if (plan.BorderHeight < 0) plan.BorderHeight = t_WindowPos(plan.Window, 16) - plan.Height;
+    const auto screen = [&](std::int64_t code) { return t_WindowPos(plan.Window, code); };
+    if (plan.BorderWidth < 0) plan.BorderWidth = screen(PlaceCode::ScreenWidth) - plan.Width;
+    if (plan.BorderHeight < 0) plan.BorderHeight = screen(PlaceCode::ScreenHeight) - plan.Height;
 }
 
 bool PlanTextBlock(Plan& plan, const t_Font& font, std::int64_t free) {

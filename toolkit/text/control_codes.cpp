@@ -84,8 +84,9 @@ void t_PrintControl(std::uint8_t window, std::uint8_t code) {
     t_Window* const w = toolkit::GraphicWindow(__func__, window);
     if (w == nullptr) return;
     const std::int64_t redirect = w->TextRedirectOutput;
-    if (redirect == 2) return toolkit::PrintPiece(toolkit::CharacterString(code));
-    if (redirect != 1) return;
+    if (redirect == toolkit::TextOutput::ToStandardOutput)
+        return toolkit::PrintPiece(toolkit::CharacterString(code));
+    if (redirect != toolkit::TextOutput::ToWindow) return;
     if (!toolkit::IsUsable(*w, toolkit::Need::TextBlock)) {
         toolkit::PrintNotInitialized(__func__, window);
         return;

@@ -235,9 +235,10 @@ void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int
 bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
                const toolkit::Span& columns, std::int64_t line) {
     const Target target(w);
-    if (w.TextRedirectOutput != 1 || !CanPrint(w) || !target.HasGlyph(symbol) ||
-        target.Font.Format != kGreyFormat || !target.CanBeDrawn() || columns.First > columns.Last ||
-        !target.Contains(columns.First, line) || !target.Contains(columns.Last, line)) {
+    if (w.TextRedirectOutput != toolkit::TextOutput::ToWindow || !CanPrint(w) ||
+        !target.HasGlyph(symbol) || target.Font.Format != kGreyFormat || !target.CanBeDrawn() ||
+        columns.First > columns.Last || !target.Contains(columns.First, line) ||
+        !target.Contains(columns.Last, line)) {
         return false;
     }
     const Place place(target, columns.First, line);
@@ -293,8 +294,9 @@ void t_PrintSymbol(std::uint8_t window, std::uint8_t symbol, std::uint8_t color,
     t_Window* const w = toolkit::GraphicWindow(__func__, window);
     if (w == nullptr) return;
     const std::int64_t redirect = w->TextRedirectOutput;
-    if (redirect == 2) return toolkit::PrintPiece(toolkit::CharacterString(symbol));
-    if (redirect != 1) return;
+    if (redirect == toolkit::TextOutput::ToStandardOutput)
+        return toolkit::PrintPiece(toolkit::CharacterString(symbol));
+    if (redirect != toolkit::TextOutput::ToWindow) return;
     if (!CanPrint(*w)) {
         toolkit::PrintNotInitialized(__func__, window);
         return;

@@ -17,6 +17,7 @@
 using platform::RunOnMain;
 using toolkit::Minus;
 using toolkit::OtherWindow;
+using toolkit::PlaceCode;
 using toolkit::Plus;
 using toolkit::Times;
 using toolkit::Truncated;
@@ -111,35 +112,46 @@ std::int64_t TopDistance(const Subject& s) {
 }
 
 struct CodeRow {
+    std::int64_t Code;
     Measure Graphic;
     Measure Other;
 };
 
 constexpr CodeRow kCodes[] = {
-    {OfRecord<&t_Window::TextFirstColumn>, Zero},                                // 0
-    {OfRecord<&t_Window::TextFirstLine>, Zero},                                  // 1
-    {OfRecord<&t_Window::TextLastColumn>, LastX},                                // 2
-    {OfRecord<&t_Window::TextLastLine>, LastY},                                  // 3
-    {Count<&t_Window::TextFirstColumn, &t_Window::TextLastColumn>, FrameWidth},  // 4
-    {Count<&t_Window::TextFirstLine, &t_Window::TextLastLine>, FrameHeight},     // 5
-    {OfRecord<&t_Window::TextWidth>, FrameWidth},                                // 6
-    {OfRecord<&t_Window::TextHeight>, FrameHeight},                              // 7
-    {PictureWidth, FrameWidth},                                                  // 8
-    {PictureHeight, ContentHeight},                                              // 9
-    {FrameWidth, FrameWidth},                                                    // 10
-    {ContentHeight, ContentHeight},                                              // 11
-    {FrameHeight, FrameHeight},                                                  // 12
-    {FrameX, FrameX},                                                            // 13
-    {TopDistance, TopDistance},                                                  // 14
-    {ScreenWidth, ScreenWidth},                                                  // 15
-    {ScreenHeight, ScreenHeight},                                                // 16
-    {TitleHeight, TitleHeight},                                                  // 17
-    {OfRecord<&t_Window::BorderWidth>, Zero},                                    // 18
-    {OfRecord<&t_Window::BorderHeight>, Zero},                                   // 19
-    {FrameY, FrameY},                                                            // 20
+    {PlaceCode::FirstColumn, OfRecord<&t_Window::TextFirstColumn>, Zero},
+    {PlaceCode::FirstLine, OfRecord<&t_Window::TextFirstLine>, Zero},
+    {PlaceCode::LastColumn, OfRecord<&t_Window::TextLastColumn>, LastX},
+    {PlaceCode::LastLine, OfRecord<&t_Window::TextLastLine>, LastY},
+    {PlaceCode::Columns, Count<&t_Window::TextFirstColumn, &t_Window::TextLastColumn>, FrameWidth},
+    {PlaceCode::Lines, Count<&t_Window::TextFirstLine, &t_Window::TextLastLine>, FrameHeight},
+    {PlaceCode::GridColumns, OfRecord<&t_Window::TextWidth>, FrameWidth},
+    {PlaceCode::GridLines, OfRecord<&t_Window::TextHeight>, FrameHeight},
+    {PlaceCode::PictureWidth, PictureWidth, FrameWidth},
+    {PlaceCode::PictureHeight, PictureHeight, ContentHeight},
+    {PlaceCode::ContentWidth, FrameWidth, FrameWidth},
+    {PlaceCode::ContentHeight, ContentHeight, ContentHeight},
+    {PlaceCode::FrameHeight, FrameHeight, FrameHeight},
+    {PlaceCode::FrameX, FrameX, FrameX},
+    {PlaceCode::TopDistance, TopDistance, TopDistance},
+    {PlaceCode::ScreenWidth, ScreenWidth, ScreenWidth},
+    {PlaceCode::ScreenHeight, ScreenHeight, ScreenHeight},
+    {PlaceCode::TitleHeight, TitleHeight, TitleHeight},
+    {PlaceCode::BorderWidth, OfRecord<&t_Window::BorderWidth>, Zero},
+    {PlaceCode::BorderHeight, OfRecord<&t_Window::BorderHeight>, Zero},
+    {PlaceCode::FrameY, FrameY, FrameY},
 };
 
-constexpr std::int64_t kFirstCodeBeforeReady = 8;  // that means something for a graphic window
+consteval bool IsIndexedByCode() {
+    std::int64_t index = 0;
+    for (const CodeRow& row : kCodes) {
+        if (row.Code != index++) return false;
+    }
+    return true;
+}
+static_assert(IsIndexedByCode());
+
+// The first code that means something for a graphic window before the toolkit is ready.
+constexpr std::int64_t kFirstCodeBeforeReady = PlaceCode::PictureWidth;
 
 std::int64_t Measured(platform::Window* host, std::uint8_t window, std::int64_t code) {
     if (code < 0 || code >= std::ssize(kCodes)) return 0;
@@ -242,7 +254,9 @@ void t_WindowSize(std::uint8_t window, std::int64_t x, std::int64_t y, std::int6
         const auto given = [&](std::int64_t value, std::int64_t code) {
             return value == kKeep ? Measured(host, window, code) : value;
         };
-        const Place place = {given(x, 13), given(y, 20), given(width, 8), given(height, 9)};
+        const Place place = {given(x, PlaceCode::FrameX), given(y, PlaceCode::FrameY),
+                             given(width, PlaceCode::PictureWidth),
+                             given(height, PlaceCode::PictureHeight)};
         if (window < toolkit::kGraphicWindows) {
             SizeGraphicWindow(*host, window, place);
         } else if (const OtherWindow* const row = TextWindowOf(window); row != nullptr) {

@@ -30,7 +30,7 @@
 ///   18,19  BorderWidth, BorderHeight             0
 ///   20     y of the frame's origin
 /// Before the toolkit is ready a graphic window gives 0 for the codes 0 to 7 and the right-hand
-/// column for the others.
+/// column for the others. toolkit::PlaceCode below names the codes.
 [[nodiscard]] std::int64_t t_WindowPos(std::uint8_t window, std::int64_t code);
 
 /// Places and sizes a window: x, y of the frame's origin; width, height of the picture (graphic
@@ -64,3 +64,34 @@ void t_WindowTitleVisible(std::uint8_t window, bool visible);
 /// Faults: "t_ColorBorder: Window is not a graphic window."
 ///         "t_ColorBorder: Window #<window> not initialized."
 void t_ColorBorder(std::uint8_t window, std::int64_t color);
+
+namespace toolkit {
+
+/// The codes of t_WindowPos in their order.
+struct PlaceCode {
+    enum : std::int64_t {
+        FirstColumn,
+        FirstLine,
+        LastColumn,
+        LastLine,
+        Columns,
+        Lines,
+        GridColumns,
+        GridLines,
+        PictureWidth,
+        PictureHeight,
+        ContentWidth,
+        ContentHeight,
+        FrameHeight,
+        FrameX,
+        TopDistance,
+        ScreenWidth,
+        ScreenHeight,
+        TitleHeight,
+        BorderWidth,
+        BorderHeight,
+        FrameY,
+    };
+};
+
+}  // namespace toolkit

@@ -21,6 +21,19 @@ class Window;
 // others belong to the program thread. A field may be set freely: every operation checks what it
 // reads against the memory before it uses it.
 
+namespace toolkit {
+
+/// Where a window's text output goes; with any other number nowhere, too.
+struct TextOutput {
+    enum : std::int64_t {
+        ToNowhere = 0,
+        ToWindow = 1,
+        ToStandardOutput = 2,
+    };
+};
+
+}  // namespace toolkit
+
 /// The record of one graphic window. Columns and lines count from 1, pixels from 0.
 struct t_Window {
     toolkit::Shared<bool> Initialized = false;         // set up and bound to a view
@@ -66,8 +79,8 @@ struct t_Window {
         0;                                      // foreground in the high four bits, background low
     toolkit::Shared<bool> TextInverse = false;  // the two trade places when drawing
     toolkit::Shared<std::int64_t> TextDisplayMode = 0;
-    toolkit::Shared<std::int64_t> TextCursorLevel = 0;     // the cursor shows from 1 on
-    toolkit::Shared<std::int64_t> TextRedirectOutput = 1;  // 1 window, 2 standard output, else none
+    toolkit::Shared<std::int64_t> TextCursorLevel = 0;  // the cursor shows from 1 on
+    toolkit::Shared<std::int64_t> TextRedirectOutput = toolkit::TextOutput::ToWindow;
 
     std::string InputString;  // line editor: the field's text
     toolkit::Shared<bool> InputFinished = false;
