@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/tables.h"
@@ -11,10 +12,11 @@
 
 namespace {
 
-constexpr char32_t kEscape = 27;
-constexpr char32_t kGroupSeparator = 29;
-constexpr char32_t kLineFeed = 10;
-constexpr char32_t kCarriageReturn = 13;
+using toolkit::kCarriageReturn;
+using toolkit::kEscape;
+using toolkit::kGroupSeparator;
+using toolkit::kLineFeed;
+
 constexpr char32_t kLastSingle = 255;
 constexpr std::size_t kDigits = 4;
 

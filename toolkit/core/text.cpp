@@ -2,16 +2,18 @@
 
 #include <algorithm>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/tables.h"
 #include "toolkit/core/utf8.h"
 
 namespace {
 
-constexpr std::uint8_t kEscape = 27;
-constexpr std::uint8_t kGroupSeparator = 29;
-constexpr std::uint8_t kBlank = 32;
-constexpr std::uint8_t kMinus = 45;
+using toolkit::kBlank;
+using toolkit::kEscape;
+using toolkit::kGroupSeparator;
+using toolkit::kMinus;
+
 constexpr std::size_t kEscapeLength = 6;  // ESC, four digits, GS
 
 bool OpensEscape(const std::vector<std::uint8_t>& bytes, std::size_t at) {
@@ -25,10 +27,6 @@ std::int64_t EscapedCode(const std::vector<std::uint8_t>& bytes, std::size_t at)
         code = code * 16 + std::max<std::int64_t>(t_HexValue[bytes[at + i]], 0);
     }
     return code;
-}
-
-bool IsDigit(std::uint8_t byte) {
-    return byte >= 48 && byte <= 57;
 }
 
 }  // namespace
@@ -61,8 +59,8 @@ std::int64_t t_TextToInt(const Text& text) {
         skipBlanks();
     }
     std::int64_t value = 0;  // of the sign that the result has, so that the smallest number fits
-    for (; at != end && IsDigit(*at); ++at) {
-        const std::int64_t digit = *at - 48;
+    for (; at != end && toolkit::IsDigit(*at); ++at) {
+        const std::int64_t digit = *at - '0';
         value = toolkit::Plus(toolkit::Times(value, 10), negative ? -digit : digit);
     }
     return value;

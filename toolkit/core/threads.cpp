@@ -1,13 +1,12 @@
 #include "toolkit/core/threads.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "platform/platform.h"
 #include "toolkit/core/clock.h"
-#include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
+#include "toolkit/core/text.h"
 
 constinit toolkit::Shared<bool> t_MemoryStarted;
 constinit toolkit::Shared<bool> t_ToolsReady;
@@ -21,15 +20,6 @@ constexpr std::string_view kNumberMark = "number = ";
 
 void PrintNotStarted(std::string_view operation, std::string_view reason) {
     toolkit::PrintLine(operation, ": Thread could not be started: ", reason);
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-std::string_view WithoutLeadingBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text;
 }
 
 }  // namespace
@@ -87,12 +77,5 @@ std::int64_t toolkit::NumberInDescription(std::string_view description) {
     description.remove_prefix(mark + kNumberMark.size());
     const std::size_t comma = description.find(',');
     if (comma == std::string_view::npos) return 0;
-    std::string_view digits = WithoutLeadingBlanks(description.substr(0, comma));
-    const bool negative = digits.starts_with('-');
-    if (negative) digits = WithoutLeadingBlanks(digits.substr(1));
-    std::int64_t number = 0;
-    for (; !digits.empty() && IsDigit(digits.front()); digits.remove_prefix(1)) {
-        number = Plus(Times(number, 10), digits.front() - '0');
-    }
-    return negative ? -number : number;
+    return t_TextToInt(t_StringToText(description.substr(0, comma)));
 }

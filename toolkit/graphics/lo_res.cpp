@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
@@ -17,8 +18,9 @@ using toolkit::UsableWindow;
 
 namespace {
 
+using toolkit::kBlank;
+
 constexpr std::uint8_t kBlockCharacter = 3;
-constexpr std::uint8_t kBlank = 32;
 
 struct Block {
     std::int64_t X;

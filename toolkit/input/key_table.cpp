@@ -1,6 +1,8 @@
 #include "toolkit/input/key_table.h"
 
 #include "platform/input.h"
+#include "toolkit/core/codes.h"
+#include "toolkit/window/window.h"
 
 namespace toolkit {
 
@@ -63,9 +65,9 @@ constexpr KeyRow kKeys[] = {
     { 48, 25,     0, 0, {Value, 20}},                                   // Shift-Tab
     { 50, 0x2264, 0, 0, {Value, 197}},                                  // grave: ≤
     { 50, 0x2265, 0, 0, {Value, 198}},                                  // grave: ≥
-    { 51, kAnyCharacter, 0, 0, {Value, 127}},                           // Backspace
-    { 71, kAnyCharacter, 0, 0, {Value, 27}},                            // keypad Clear
-    { 76, kAnyCharacter, 0, 0, {Value, 13}},                            // keypad Enter
+    { 51, kAnyCharacter, 0, 0, {Value, kBackspace}},                    // Backspace
+    { 71, kAnyCharacter, 0, 0, {Value, kEscape}},                       // keypad Clear
+    { 76, kAnyCharacter, 0, 0, {Value, kCarriageReturn}},               // keypad Enter
     { 82, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 216}},       // keypad 0
     { 83, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 185}},       // keypad 1
     { 84, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 178}},       // keypad 2
@@ -73,11 +75,11 @@ constexpr KeyRow kKeys[] = {
     { 86, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 170}},       // keypad 4
     { 87, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 215}},       // keypad 5
     { 88, kAnyCharacter, kOptionFlag, kOptionFlag, {Value, 186}},       // keypad 6
-    { 89, kAnyCharacter, kBoth, kControlFlag, {Redirect, 0}},           // keypad 7
+    { 89, kAnyCharacter, kBoth, kControlFlag, {Redirect, TextOutput::ToNowhere}},  // keypad 7
     { 89, kAnyCharacter, kOptionFlag, kOptionFlag, {Character, 229}},   // keypad 7
-    { 91, kAnyCharacter, kBoth, kControlFlag, {Redirect, 2}},           // keypad 8
+    { 91, kAnyCharacter, kBoth, kControlFlag, {Redirect, TextOutput::ToStandardOutput}},  // keypad 8
     { 91, kAnyCharacter, kOptionFlag, kOptionFlag, {Character, 230}},   // keypad 8
-    { 92, kAnyCharacter, kBoth, kControlFlag, {Redirect, 1}},           // keypad 9
+    { 92, kAnyCharacter, kBoth, kControlFlag, {Redirect, TextOutput::ToWindow}},  // keypad 9
     { 92, kAnyCharacter, kOptionFlag, kOptionFlag, {Character, 188}},   // keypad 9
     {115, kAnyCharacter, 0, 0, {CursorKey, 2}},                         // Home
     {116, kAnyCharacter, 0, 0, {CursorKey, 18}},                        // Page Up

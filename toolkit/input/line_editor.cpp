@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "toolkit/core/codes.h"
 #include "toolkit/core/escapes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/strings.h"
@@ -24,12 +25,13 @@ using toolkit::UsableWindow;
 
 namespace {
 
-constexpr std::int64_t kReturn = 13;
-constexpr std::int64_t kEscape = 27;
+using toolkit::kBackspace;
+using toolkit::kBlank;
+using toolkit::kCarriageReturn;
+using toolkit::kEscape;
+
 constexpr std::int64_t kByNumber = 30;
 constexpr std::int64_t kPlaceCursor = 31;
-constexpr std::int64_t kBlank = 32;
-constexpr std::int64_t kBackspace = 127;
 constexpr std::int64_t kMarkedMode = 4;  // display mode of prompts and edited fields
 constexpr std::int64_t kFreeMode = 1;    // input mode that takes control characters by number
 
@@ -161,7 +163,7 @@ void Copy(std::uint8_t /*window*/, t_Window& w) {
 
 // Whether a key leaves the field, or reads what comes after it by itself.
 bool LeavesOrReads(const t_Event& event) {
-    return event.Value == kReturn || event.Value == kEscape || event.Value == kByNumber;
+    return event.Value == kCarriageReturn || event.Value == kEscape || event.Value == kByNumber;
 }
 
 // Queues what the field can use; all of it where keys that wait already may send it elsewhere.
@@ -173,7 +175,7 @@ void Paste(std::uint8_t /*window*/, t_Window& w) {
 
 // The digit that a key stands for; -1 for other keys.
 std::int64_t Digit(std::int64_t code) {
-    return code >= 48 && code <= 57 ? code - 48 : -1;
+    return toolkit::IsDigit(code) ? code - '0' : -1;
 }
 
 std::int64_t NextDigit(std::uint8_t window) {
@@ -218,7 +220,7 @@ constexpr KeyRow kKeys[] = {
     {10, ToEnd},                      // Ctrl-J, Down arrow
     {11, ToStart},                    // Ctrl-K, Up arrow
     {12, Copy},                       // Ctrl-L
-    {kReturn, Finish},                // Return
+    {kCarriageReturn, Finish},        // Return
     {18, ToStart},                    // Ctrl-R, Page Up
     {19, WordLeft},                   // Ctrl-S
     {21, ToRight},                    // Ctrl-U, Right arrow
@@ -299,7 +301,7 @@ std::string t_InputForm(std::uint8_t window, std::string_view prompt, std::strin
         t_InputEdit(window, kPlaceCursor);
         code = t_CharCode(t_WaitKey(window));
         t_InputEdit(window, code);
-    } while (code != kReturn && code != kEscape);
+    } while (code != kCarriageReturn && code != kEscape);
     t_Cr(window);
     return w->InputString;
 }
@@ -337,7 +339,7 @@ std::int64_t t_InputYesNo(std::uint8_t window, std::int64_t defaultAnswer, bool 
     const std::int64_t code = key < 256 ? t_UpperCaseTable[static_cast<std::size_t>(key)] : key;
     std::int64_t answer = -2;
     switch (code) {
-        case kReturn:
+        case kCarriageReturn:
         case kBlank:
             answer = defaultAnswer;
             break;

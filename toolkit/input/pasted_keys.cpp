@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/utf8.h"
 
 namespace toolkit {
@@ -12,7 +13,6 @@ namespace toolkit {
 namespace {
 
 constexpr int kMostDigits = 3;  // of a character entered by number
-constexpr char32_t kBlank = 32;
 
 // What the editor does at a key, as far as it may be told without knowing the field. Keys that move
 // the cursor or do something else have no row.
@@ -24,31 +24,27 @@ struct EffectRow {
 };
 
 constexpr EffectRow kEffects[] = {
-    {7, Effect::DeletesOne},    //
-    {9, Effect::None},          //
-    {14, Effect::None},         //
-    {15, Effect::None},         //
-    {16, Effect::None},         //
-    {17, Effect::None},         //
-    {20, Effect::None},         //
-    {23, Effect::None},         //
-    {24, Effect::DeletesMany},  //
-    {25, Effect::None},         //
-    {26, Effect::DeletesMany},  //
-    {27, Effect::Cancels},      //
-    {28, Effect::None},         //
-    {29, Effect::None},         //
-    {30, Effect::ReadsNumber},  //
-    {127, Effect::DeletesOne},  //
+    {7, Effect::DeletesOne},           //
+    {9, Effect::None},                 //
+    {14, Effect::None},                //
+    {15, Effect::None},                //
+    {16, Effect::None},                //
+    {17, Effect::None},                //
+    {20, Effect::None},                //
+    {23, Effect::None},                //
+    {24, Effect::DeletesMany},         //
+    {25, Effect::None},                //
+    {26, Effect::DeletesMany},         //
+    {kEscape, Effect::Cancels},        //
+    {28, Effect::None},                //
+    {29, Effect::None},                //
+    {30, Effect::ReadsNumber},         //
+    {kBackspace, Effect::DeletesOne},  //
 };
 
 Effect EffectOf(char32_t key) {
     const auto* const row = std::ranges::find(kEffects, key, &EffectRow::Code);
     return row == std::end(kEffects) ? Effect::Other : row->What;
-}
-
-bool IsDigit(char32_t key) {
-    return key >= '0' && key <= '9';
 }
 
 // The characters that an input mode may accept besides the digits; no value: it accepts all.
@@ -77,7 +73,7 @@ class Sieve {
             digits_ = IsDigit(key) ? digits_ - 1 : 0;
             return true;
         }
-        return key >= kBlank && key != 127 ? MayBeInserted(key) : DoesSomething(key);
+        return key >= kBlank && key != kBackspace ? MayBeInserted(key) : DoesSomething(key);
     }
 
   private:

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "toolkit/core/bit_depths.h"
+#include "toolkit/core/codes.h"
 #include "toolkit/core/memory.h"
 #include "toolkit/core/number_format.h"
 #include "toolkit/core/numbers.h"
@@ -20,9 +22,9 @@
 #include "toolkit/window/placement.h"
 #include "toolkit/window/window.h"
 
+using toolkit::PlaceCode;
 using toolkit::PrintLine;
 
-using toolkit::PlaceCode;
 namespace {
 
 constexpr std::int64_t kSmallestSide = 32;  // of a picture, pixels
@@ -32,7 +34,6 @@ constexpr std::int64_t kUsualHeight = 800;
 constexpr std::uint8_t kNewTextColor = 0xC0;
 constexpr std::int64_t kBorderColor = 5;
 constexpr std::int64_t kUsualRefreshRate = 30;
-constexpr std::uint8_t kBlank = 32;
 
 // What t_InitWindow works out before it touches the record.
 struct Plan {
@@ -96,8 +97,7 @@ void ApplyWidthRule(Plan& plan) {
 bool PlanGraphicBlock(Plan& plan, std::int64_t free) {
     plan.Width = CheckedSide(plan, plan.Width, "horizontal", kUsualWidth);
     plan.Height = CheckedSide(plan, plan.Height, "vertical", kUsualHeight);
-    constexpr std::int64_t kBitDepths[] = {1, 4, 8, 16, 24, 32};
-    if (std::ranges::find(kBitDepths, plan.BitDepth) == std::end(kBitDepths)) {
+    if (!toolkit::IsBitDepth(plan.BitDepth)) {
         PrintLine(plan.Prefix, " unsupported ", plan.BitDepth, " bit depth.");
         return false;
     }
@@ -255,20 +255,11 @@ void FillWithOpaqueBlack(std::int64_t address, std::int64_t bytes) {
 
 void ClearPicture(const t_Window& w) {
     const std::optional<std::int64_t> bytes = PictureBytes(w);
-    if (!bytes) return;
-    switch (w.BitDepth) {
-        case 1:
-        case 4:
-        case 8:
-        case 16:
-        case 24:
-            toolkit::FillRun(w.MemoryStart, *bytes, 0);
-            break;
-        case 32:
-            FillWithOpaqueBlack(w.MemoryStart, *bytes);
-            break;
-        default:
-            break;
+    if (!bytes || !toolkit::IsBitDepth(w.BitDepth)) return;
+    if (w.BitDepth == 32) {
+        FillWithOpaqueBlack(w.MemoryStart, *bytes);
+    } else {
+        toolkit::FillRun(w.MemoryStart, *bytes, 0);
     }
 }
 
@@ -276,7 +267,7 @@ void ClearText(const t_Window& w) {
     const std::int64_t half = toolkit::ColorOffset(w);
     const std::int64_t cells = toolkit::Times(w.TextWidth, w.TextHeight);
     if (w.TextMemoryStart < 0 || cells < 1 || cells > half) return;
-    toolkit::FillRun(w.TextMemoryStart, cells, kBlank);
+    toolkit::FillRun(w.TextMemoryStart, cells, toolkit::kBlank);
     toolkit::FillRun(w.TextMemoryStart + half, cells, w.TextColor);
 }
 

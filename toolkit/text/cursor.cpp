@@ -1,5 +1,6 @@
 #include "toolkit/text/cursor.h"
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/text/area.h"
 #include "toolkit/text/glyph.h"
@@ -13,8 +14,6 @@ using toolkit::Plus;
 using toolkit::UsableWindow;
 
 namespace {
-
-constexpr std::uint8_t kBlank = 32;
 
 void StepDown(std::uint8_t window, t_Window& w) {
     w.TextVpos = Plus(w.TextVpos, 1);
@@ -119,7 +118,7 @@ void t_CursorDraw(std::uint8_t window) {
 void t_ClearEndOfLine(std::uint8_t window) {
     t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
     if (w == nullptr) return;
-    toolkit::FillCells(window, kBlank, w->TextHpos, w->TextLastColumn, w->TextVpos);
+    toolkit::FillCells(window, toolkit::kBlank, w->TextHpos, w->TextLastColumn, w->TextVpos);
 }
 
 void t_ClearEndOfWindow(std::uint8_t window) {

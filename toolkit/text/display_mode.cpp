@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/text/cursor.h"
 #include "toolkit/text/print.h"
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::int64_t kEscapeMode = 99;
 constexpr std::int64_t kNothingToDraw = -1;
-constexpr std::uint8_t kBlank = 32;
 constexpr std::int64_t kMarkColor = 1;
 
 // Modes that move a range of character codes elsewhere.
@@ -51,7 +51,7 @@ void ToNextStop(std::uint8_t window, t_Window& w, std::int64_t columns) {
         t_ClearEndOfLine(window);
         t_Cr(window);
     } else {
-        t_PrintTab(window, stop, kBlank);
+        t_PrintTab(window, stop, toolkit::kBlank);
     }
 }
 

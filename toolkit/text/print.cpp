@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "toolkit/core/clock.h"
+#include "toolkit/core/codes.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/palette.h"
@@ -18,12 +19,13 @@ using toolkit::UsableWindow;
 
 namespace {
 
-constexpr std::int64_t kControlS = 19;
-constexpr std::int64_t kFirstPrintable = 32;
-constexpr std::int64_t kCarriageReturn = 13;
+using toolkit::kBlank;
+using toolkit::kCarriageReturn;
+using toolkit::kControlS;
+
+constexpr std::int64_t kFirstPrintable = kBlank;
 constexpr std::int64_t kFirstShowingMode = 3;  // from here on control codes are shown, not obeyed
 constexpr std::uint8_t kQuestionMark = 63;
-constexpr std::uint8_t kBlank = 32;
 constexpr std::int64_t kMarkColor = 1;
 
 void DrawAtCursor(std::uint8_t window, const t_Window& w, std::uint8_t code) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "toolkit/core/codes.h"
 #include "toolkit/core/memory.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/text/glyph.h"
@@ -15,8 +16,6 @@ using toolkit::Span;
 using toolkit::Times;
 
 namespace {
-
-constexpr std::uint8_t kBlank = 32;
 
 // The addresses from First to End, End not included.
 struct Bounds {
@@ -84,7 +83,7 @@ void CopyLine(std::uint8_t window, const t_Window& w, const Span& columns, std::
 }
 
 void BlankLine(std::uint8_t window, const t_Window& w, std::int64_t line) {
-    toolkit::FillCells(window, kBlank, w.TextFirstColumn, w.TextLastColumn, line);
+    toolkit::FillCells(window, toolkit::kBlank, w.TextFirstColumn, w.TextLastColumn, line);
 }
 
 }  // namespace
