@@ -56,12 +56,6 @@ constexpr Bytes32 kLeftNumbers =
 constexpr Bytes32 kRightNumbers =
     MadeVector<kVector>([](std::size_t i) { return i % 2 == 0 ? 0 : 15; });
 
-// Byte `Place` of the pixels of all colour numbers, in both halves.
-template <PixelOrder Order, std::size_t Place>
-constexpr Bytes32 kPlaceOfPalette = MadeVector<kVector>([](std::size_t i) {
-    return PaletteByte(i % kHalf, ComponentAt<Order>(Place));
-});
-
 // At 1 bit: the pixel's bit in four source bytes, of which `Byte` is the one for this vector, and
 // the two colours.
 template <std::size_t Byte>
@@ -126,7 +120,7 @@ KORVANDI_HALF_WIDE inline bool Put1Bit(__m256i source, std::uint8_t* pixels) {
 
 template <PixelOrder Order, std::size_t Place>
 KORVANDI_HALF_WIDE inline __m256i LookUp(__m256i numbers) {
-    return _mm256_shuffle_epi8(Vector(kPlaceOfPalette<Order, Place>), numbers);
+    return _mm256_shuffle_epi8(Vector(kPlaceOfPalette<kVector, Order, Place>), numbers);
 }
 
 template <PixelOrder Order, typename Use>

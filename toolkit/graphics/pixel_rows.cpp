@@ -10,8 +10,8 @@
 #include <cstring>
 #include <utility>
 
-#include "toolkit/core/palette.h"
 #include "toolkit/core/shared_bytes.h"
+#include "toolkit/graphics/pixel_tables.h"
 #include "toolkit/graphics/wide_pixels.h"
 
 // Every depth has one plain loop, right on every machine. From 4 bits on there is also one that
@@ -22,48 +22,35 @@ namespace toolkit {
 
 namespace {
 
-using enum platform::PixelOrder;
 using platform::PixelOrder;
 
 // A pixel as the four bytes that lie in memory.
 using Pixel = std::array<std::uint8_t, 4>;
 
 template <PixelOrder Order>
-constexpr Pixel PixelOf(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-    if constexpr (Order == AlphaRedGreenBlue) return {255, red, green, blue};
-    return {blue, green, red, 255};
-}
-
-template <PixelOrder Order>
 constexpr Pixel PaletteEntry(std::size_t n) {
-    return PixelOf<Order>(t_Palette.Red[n], t_Palette.Green[n], t_Palette.Blue[n]);
+    Pixel pixel{};
+    for (std::size_t i = 0; i < 4; ++i) pixel[i] = PaletteByte(n, ComponentAt<Order>(i));
+    return pixel;
 }
 
 // The finished pixels of every value of one source byte.
-template <PixelOrder Order>
-consteval auto TableOf1Bit() {
-    std::array<std::array<Pixel, 8>, 256> table{};
+template <int BitDepth, PixelOrder Order>
+consteval auto TableOf() {
+    constexpr std::size_t kPixels = 8 / BitDepth;
+    constexpr std::size_t kColors = std::size_t{1} << BitDepth;
+    std::array<std::array<Pixel, kPixels>, 256> table{};
     for (std::size_t byte = 0; byte < 256; ++byte) {
-        for (std::size_t x = 0; x < 8; ++x) {
-            table.at(byte).at(x) = PaletteEntry<Order>((byte >> (7 - x) & 1) != 0 ? 15 : 0);
+        for (std::size_t x = 0; x < kPixels; ++x) {
+            const std::size_t number = byte >> (8 - BitDepth - x * BitDepth) & (kColors - 1);
+            table.at(byte).at(x) = PaletteEntry<Order>(BitDepth == 1 ? 15 * number : number);
         }
     }
     return table;
 }
 
-template <PixelOrder Order>
-consteval auto TableOf4Bits() {
-    std::array<std::array<Pixel, 2>, 256> table{};
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-        table.at(byte) = {PaletteEntry<Order>(byte >> 4), PaletteEntry<Order>(byte & 15)};
-    }
-    return table;
-}
-
-template <PixelOrder Order>
-constexpr auto kPixelsOf1Bit = TableOf1Bit<Order>();
-template <PixelOrder Order>
-constexpr auto kPixelsOf4Bits = TableOf4Bits<Order>();
+template <int BitDepth, PixelOrder Order>
+constexpr auto kPixelsOf = TableOf<BitDepth, Order>();
 
 bool IsAnySet(std::uint64_t bits) {
     return bits != 0;
@@ -79,7 +66,8 @@ bool IsAnySet(Bytes16 bits) {
 #endif
 }
 
-// What the loops do with finished pixels, each returning whether the loop may end: they write them,
+// A loop does one of two things with the pixels that it has finished, and Put returns whether it may
+// end early. Write puts them in their place.
 struct Write {
     template <typename Unit, std::size_t N>
     static bool Put(const Unit (&fresh)[N], std::uint8_t* place) {
@@ -88,7 +76,7 @@ struct Write {
     }
 };
 
-// or look for one that is not there yet.
+// Compare looks whether one of them is not there yet.
 struct Compare {
     template <typename Unit, std::size_t N>
     static bool Put(const Unit (&fresh)[N], const std::uint8_t* place) {
@@ -112,26 +100,14 @@ bool FromTable(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t co
     return false;
 }
 
-// Where red, green and blue of a pixel of that many source bytes lie.
-template <int Bytes, int Red, int Green, int Blue>
-struct Layout {
-    static constexpr int kBytes = Bytes;
-    static constexpr int kRed = Red;
-    static constexpr int kGreen = Green;
-    static constexpr int kBlue = Blue;
-};
-
-using Layout8 = Layout<1, 0, 0, 0>;
-using Layout16 = Layout<2, 1, 1, 1>;
-using Layout24 = Layout<3, 0, 1, 2>;
-using Layout32 = Layout<4, 1, 2, 3>;
-
-template <typename From, PixelOrder Order, typename Use>
+template <int BitDepth, PixelOrder Order, typename Use>
 bool Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count) {
-    for (; count > 0; --count, source += From::kBytes, pixels += 4) {
-        const Pixel pixel =
-            PixelOf<Order>(LoadByte(source + From::kRed), LoadByte(source + From::kGreen),
-                           LoadByte(source + From::kBlue));
+    for (; count > 0; --count, source += BitDepth / 8, pixels += 4) {
+        Pixel pixel;
+        for (std::size_t i = 0; i < 4; ++i) {
+            const bool alpha = ComponentAt<Order>(i) == Component::Alpha;
+            pixel[i] = alpha ? 255 : LoadByte(source + SourceByte<BitDepth, Order>(i));
+        }
         const std::uint32_t word[] = {std::bit_cast<std::uint32_t>(pixel)};
         if (Use::Put(word, pixels)) return true;
     }
@@ -141,67 +117,58 @@ bool Plain(const std::uint8_t* source, std::uint8_t* pixels, std::int64_t count)
 #if defined(__x86_64__)
 #define KORVANDI_SHUFFLES __attribute__((target("ssse3")))
 
-constexpr int kOpaque = 16;  // in a shuffle: the first byte of the second operand, which is 255
+constexpr std::size_t kVector = 16;
+constexpr std::size_t kOpaqueByte = kVector;  // in a shuffle: the first byte of the second operand
 
 // Where byte `i` of four finished pixels comes from when the source pixels begin at byte `start`.
-template <typename From, PixelOrder Order>
-consteval int SourceOf(std::size_t i, int start) {
-    const int components[] = {From::kRed, From::kGreen, From::kBlue};
-    const int pixel = start + static_cast<int>(i / 4) * From::kBytes;
-    const int place =
-        Order == AlphaRedGreenBlue ? static_cast<int>(i % 4) - 1 : 2 - static_cast<int>(i % 4);
-    return place < 0 ? kOpaque : pixel + components[place];
+template <int BitDepth, PixelOrder Order>
+consteval int SourceOf(std::size_t i, std::size_t start) {
+    const bool alpha = ComponentAt<Order>(i % 4) == Component::Alpha;
+    return static_cast<int>(alpha ? kOpaqueByte : start + SourceByte<BitDepth, Order>(i));
 }
 
 // Pixels 4 * Quarter and on of the sixteen in `vectors`.
-template <typename From, PixelOrder Order, int Quarter, std::size_t... I>
+template <int BitDepth, PixelOrder Order, std::size_t Quarter, std::size_t... I>
 KORVANDI_SHUFFLES inline Bytes16 FourPixels(const Bytes16* vectors, std::index_sequence<I...>) {
-    constexpr int kStart = Quarter * 4 * From::kBytes;
-    constexpr int kFirst = kStart / 16;
-    constexpr int kShift = kStart % 16;
+    constexpr std::size_t kBytes = 4 * BitDepth / 8;
+    constexpr std::size_t kFirst = Quarter * kBytes / kVector;
+    constexpr std::size_t kShift = Quarter * kBytes % kVector;
     const Bytes16 opaque = Bytes16{} + 255;
-    if constexpr (kShift + 4 * From::kBytes <= 16) {
+    if constexpr (kShift + kBytes <= kVector) {
         return __builtin_shufflevector(vectors[kFirst], opaque,
-                                       SourceOf<From, Order>(I, kShift)...);
+                                       SourceOf<BitDepth, Order>(I, kShift)...);
     } else {
         const Bytes16 window = __builtin_shufflevector(vectors[kFirst], vectors[kFirst + 1],
-                                                       (kShift + static_cast<int>(I))...);
-        return __builtin_shufflevector(window, opaque, SourceOf<From, Order>(I, 0)...);
+                                                       static_cast<int>(kShift + I)...);
+        return __builtin_shufflevector(window, opaque, SourceOf<BitDepth, Order>(I, 0)...);
     }
 }
 
-template <typename From, PixelOrder Order, typename Use>
+template <int BitDepth, PixelOrder Order, typename Use>
 KORVANDI_SHUFFLES bool Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
                                 std::int64_t count) {
-    if (reinterpret_cast<std::uintptr_t>(source) % 16 != 0) {
-        return Plain<From, Order, Use>(source, pixels, count);
+    constexpr int kBytes = BitDepth / 8;
+    if (reinterpret_cast<std::uintptr_t>(source) % kVector != 0) {
+        return Plain<BitDepth, Order, Use>(source, pixels, count);
     }
-    constexpr auto kAll = std::make_index_sequence<16>();
-    for (; count >= 16; count -= 16, source += 16 * From::kBytes, pixels += 64) {
-        Bytes16 vectors[From::kBytes];
-        for (int i = 0; i < From::kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
-        const Bytes16 finished[] = {
-            FourPixels<From, Order, 0>(vectors, kAll), FourPixels<From, Order, 1>(vectors, kAll),
-            FourPixels<From, Order, 2>(vectors, kAll), FourPixels<From, Order, 3>(vectors, kAll)};
+    constexpr auto kAll = std::make_index_sequence<kVector>();
+    for (; count >= 16; count -= 16, source += 16 * kBytes, pixels += 64) {
+        Bytes16 vectors[kBytes];
+        for (int i = 0; i < kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
+        const Bytes16 finished[] = {FourPixels<BitDepth, Order, 0>(vectors, kAll),
+                                    FourPixels<BitDepth, Order, 1>(vectors, kAll),
+                                    FourPixels<BitDepth, Order, 2>(vectors, kAll),
+                                    FourPixels<BitDepth, Order, 3>(vectors, kAll)};
         if (Use::Put(finished, pixels)) return true;
     }
-    return Plain<From, Order, Use>(source, pixels, count);
-}
-
-// Byte `Place` of the pixels of all colour numbers.
-template <PixelOrder Order, std::size_t Place>
-consteval std::array<std::uint8_t, 16> PlaceOfPalette() {
-    std::array<std::uint8_t, 16> bytes{};
-    for (std::size_t n = 0; n < 16; ++n) bytes.at(n) = PaletteEntry<Order>(n).at(Place);
-    return bytes;
+    return Plain<BitDepth, Order, Use>(source, pixels, count);
 }
 
 template <PixelOrder Order, std::size_t Place>
 KORVANDI_SHUFFLES inline __m128i LookUp(__m128i numbers) {
-    constexpr std::size_t kAlpha = Order == AlphaRedGreenBlue ? 0 : 3;
-    if constexpr (Place == kAlpha) return _mm_set1_epi8(-1);
-    static constexpr auto kBytes = PlaceOfPalette<Order, Place>();
-    return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(kBytes.data())),
+    if constexpr (ComponentAt<Order>(Place) == Component::Alpha) return _mm_set1_epi8(-1);
+    const auto& bytes = kPlaceOfPalette<kVector, Order, Place>;
+    return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data())),
                             numbers);
 }
 
@@ -235,7 +202,7 @@ KORVANDI_SHUFFLES bool Shuffled4Bits(const std::uint8_t* source, std::uint8_t* p
             if (PutNumbers<Order, Use>(_mm_unpackhi_epi8(left, right), pixels + 64)) return true;
         }
     }
-    return FromTable<Word, kPixelsOf4Bits<Order>, Use>(source, pixels, count);
+    return FromTable<Word, kPixelsOf<4, Order>, Use>(source, pixels, count);
 }
 
 #undef KORVANDI_SHUFFLES
@@ -246,46 +213,31 @@ bool HasShuffles() {
 }
 #endif
 
-template <typename From, PixelOrder Order, typename Use>
-PixelLoop Fastest() {
-#if defined(__x86_64__)
-    if (HasShuffles()) return Shuffled<From, Order, Use>;
-#endif
-    return Plain<From, Order, Use>;
+template <int BitDepth, PixelOrder Order, typename Use>
+PixelLoop PlainLoop() {
+    if constexpr (BitDepth == 1) return FromTable<Bytes16, kPixelsOf<1, Order>, Use>;
+    if constexpr (BitDepth == 4) return FromTable<Word, kPixelsOf<4, Order>, Use>;
+    if constexpr (BitDepth >= 8) return Plain<BitDepth, Order, Use>;
 }
 
-template <PixelOrder Order, typename Use>
-PixelLoop Fastest4Bits() {
+template <int BitDepth, PixelOrder Order, typename Use>
+PixelLoop FastestLoop() {
 #if defined(__x86_64__)
-    if (HasShuffles()) return Shuffled4Bits<Order, Use>;
-#endif
-    return FromTable<Word, kPixelsOf4Bits<Order>, Use>;
-}
-
-template <PixelOrder Order, typename Use>
-PixelLoop LoopFor(std::int64_t bitDepth) {
-    switch (bitDepth) {
-        case 1:
-            return FromTable<Bytes16, kPixelsOf1Bit<Order>, Use>;
-        case 4:
-            return Fastest4Bits<Order, Use>();
-        case 8:
-            return Fastest<Layout8, Order, Use>();
-        case 16:
-            return Fastest<Layout16, Order, Use>();
-        case 24:
-            return Fastest<Layout24, Order, Use>();
-        case 32:
-            return Fastest<Layout32, Order, Use>();
-        default:
-            return nullptr;
+    if constexpr (BitDepth == 4) {
+        if (HasShuffles()) return Shuffled4Bits<Order, Use>;
+    } else if constexpr (BitDepth >= 8) {
+        if (HasShuffles()) return Shuffled<BitDepth, Order, Use>;
     }
+#endif
+    return PlainLoop<BitDepth, Order, Use>();
 }
 
-template <PixelOrder Order>
-PixelConverter Converter(std::int64_t bitDepth) {
-    return {LoopFor<Order, Write>(bitDepth), LoopFor<Order, Compare>(bitDepth)};
-}
+struct Maker {
+    template <int BitDepth, PixelOrder Order>
+    static PixelConverter Make() {
+        return {FastestLoop<BitDepth, Order, Write>(), FastestLoop<BitDepth, Order, Compare>()};
+    }
+};
 
 }  // namespace
 
@@ -298,8 +250,7 @@ PixelConverter ConverterFor(std::int64_t bitDepth, PixelOrder order) {
 }
 
 PixelConverter NarrowConverterFor(std::int64_t bitDepth, PixelOrder order) {
-    return order == AlphaRedGreenBlue ? Converter<AlphaRedGreenBlue>(bitDepth)
-                                      : Converter<BlueGreenRedAlpha>(bitDepth);
+    return ConverterBy<Maker>(bitDepth, order);
 }
 
 }  // namespace toolkit

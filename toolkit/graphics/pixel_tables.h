@@ -5,11 +5,12 @@
 #include <cstdint>
 
 #include "platform/picture.h"
+#include "toolkit/core/bit_depths.h"
 #include "toolkit/core/palette.h"
 #include "toolkit/graphics/pixel_rows.h"
 
-// What the loops by vectors of 32 and 64 bytes share: vectors made when the program is compiled,
-// and what the bytes of finished pixels are.
+// What the pixel loops share: where the bytes of finished pixels come from, and vectors made when
+// the program is compiled.
 
 namespace toolkit {
 
@@ -55,8 +56,14 @@ constexpr std::uint8_t PaletteByte(std::size_t color, Component component) {
     }
 }
 
-/// From which byte of the source a byte of finished pixels is taken, at 8 bits and more; any for an
-/// alpha byte. Both are counted from the same pixel on.
+/// Byte `Place` of the finished pixels of colours 0 to 15, again and again.
+template <std::size_t Size, platform::PixelOrder Order, std::size_t Place>
+constexpr VectorBytes<Size> kPlaceOfPalette = MadeVector<Size>([](std::size_t i) {
+    return PaletteByte(i % 16, ComponentAt<Order>(Place));
+});
+
+/// From which byte of the source byte `i` of finished pixels is taken, at 8 bits and more; any for
+/// an alpha byte. Both are counted from the same pixel on.
 template <int BitDepth, platform::PixelOrder Order>
 constexpr std::size_t SourceByte(std::size_t i) {
     const auto component = static_cast<std::size_t>(ComponentAt<Order>(i % 4)) % 3;
@@ -67,39 +74,23 @@ constexpr std::size_t SourceByte(std::size_t i) {
     return 4 * pixel + 1 + component;
 }
 
-/// So many bytes, for the operand of an instruction.
+/// The `Count` bytes at `at` as one operand of an instruction that is written out.
 template <std::size_t Count>
 const auto& MemoryAt(const std::uint8_t* at) {
     return *reinterpret_cast<const std::uint8_t(*)[Count]>(at);
 }
 
-/// Maker::Make<BitDepth, Order>() for a depth and an order that the running program knows; an empty
-/// converter for a depth that there is not.
-template <typename Maker, platform::PixelOrder Order>
-PixelConverter ConverterBy(std::int64_t bitDepth) {
-    switch (bitDepth) {
-        case 1:
-            return Maker::template Make<1, Order>();
-        case 4:
-            return Maker::template Make<4, Order>();
-        case 8:
-            return Maker::template Make<8, Order>();
-        case 16:
-            return Maker::template Make<16, Order>();
-        case 24:
-            return Maker::template Make<24, Order>();
-        case 32:
-            return Maker::template Make<32, Order>();
-        default:
-            return {};
-    }
-}
-
+/// What Maker::Make<BitDepth, Order>() makes for a bit depth and an order; an empty converter for a
+/// number that is no bit depth.
 template <typename Maker>
 PixelConverter ConverterBy(std::int64_t bitDepth, platform::PixelOrder order) {
     using enum platform::PixelOrder;
-    return order == AlphaRedGreenBlue ? ConverterBy<Maker, AlphaRedGreenBlue>(bitDepth)
-                                      : ConverterBy<Maker, BlueGreenRedAlpha>(bitDepth);
+    PixelConverter converter;
+    WithBitDepth(bitDepth, [&](auto depth) {
+        converter = order == AlphaRedGreenBlue ? Maker::template Make<depth(), AlphaRedGreenBlue>()
+                                               : Maker::template Make<depth(), BlueGreenRedAlpha>();
+    });
+    return converter;
 }
 
 }  // namespace toolkit

@@ -40,13 +40,16 @@ constexpr Bytes64 kPalette = MadeVector<kVector>([](std::size_t i) {
 template <int BitDepth, PixelOrder Order>
 constexpr Bytes64 kSource = MadeVector<kVector>(SourceByte<BitDepth, Order>);
 
-// At 4 bits: where in the eight source bytes the eight bits begin in which the pixel's number
-// stands two bits from below; those bits; and the byte's place in the pixel.
+// At 4 bits: eight source bytes, two pixels each, are one number of 64 bits. For each byte of the
+// sixteen pixels eight bits are taken out of it, from bit kNumberAt on, round the end: two bits too
+// low, so that the four bits of the colour number come to stand in the bits of kNumber, where they
+// count four bytes each. With kPlace they are an index into the palette.
 constexpr Bytes64 kNumberAt = MadeVector<kVector>([](std::size_t i) {
     const std::size_t pixel = i / 4;
-    return (pixel / 2 * 8 + (pixel % 2 == 0 ? 4 : 0) + 62) % 64;
+    const std::size_t firstBit = pixel / 2 * 8 + (pixel % 2 == 0 ? 4 : 0);
+    return (firstBit + 64 - 2) % 64;
 });
-constexpr Bytes64 kNumber = MadeVector<kVector>([](std::size_t /*i*/) { return 0x3C; });
+constexpr Bytes64 kNumber = MadeVector<kVector>([](std::size_t /*i*/) { return 15 << 2; });
 constexpr Bytes64 kPlace = MadeVector<kVector>([](std::size_t i) { return i % 4; });
 
 // At 1 bit: the pixel's bit in two source bytes.

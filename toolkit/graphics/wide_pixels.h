@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+
+#include "platform/picture.h"
 #include "toolkit/graphics/pixel_rows.h"
 
 namespace toolkit {
