@@ -126,7 +126,8 @@ void MoveInChunks(std::int64_t source, std::int64_t destination, std::int64_t co
     }
 }
 
-// One unit of a row: the most bytes that every row's place and length are a multiple of.
+// Rows are copied unit by unit. The address and the length of every row are multiples of a unit, so
+// that each unit is written in one step; the larger the unit, the faster.
 template <typename Unit>
 struct PlainUnit {
     static constexpr std::int64_t kBytes = sizeof(Unit);
@@ -235,7 +236,7 @@ void MarkWritten(const RowBlock& block) {
 }
 
 bool HoldsRows(const RowBlock& block, const std::uint8_t* source) {
-    if (!LiesWithin(block, 0, t_Memory.size()) || !FitsUnit(block, kVector)) return false;
+    if (!InMemory(block) || !FitsUnit(block, kVector)) return false;
     const Bytes16 differences = block.Bytes == 3 * kVector ? DifferencesOf<3>(block, source)
                                                            : DifferencesOf<0>(block, source);
     Word halves[2];
@@ -244,7 +245,7 @@ bool HoldsRows(const RowBlock& block, const std::uint8_t* source) {
 }
 
 bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource holds) {
-    if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    if (!InMemory(block)) return false;
     const std::int64_t step = StepOf(block, holds);
     if (FitsUnit(block, kVector)) {
         CopyVectorRows(block, source, step);
@@ -263,7 +264,7 @@ bool WriteRows(const RowBlock& block, const std::uint8_t* source, RowSource hold
 
 bool MergeRows(const RowBlock& block, const std::uint8_t* source, std::int64_t period,
                RowSource holds) {
-    if (!LiesWithin(block, 0, t_Memory.size())) return false;
+    if (!InMemory(block)) return false;
     const std::int64_t step = StepOf(block, holds);
     const Bytes16 kept = KeptBytes(period);
     const bool vectors = FitsUnit(block, kVector);

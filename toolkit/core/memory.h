@@ -14,8 +14,9 @@
 //   0x0000000      0x0010000                 t_HighMemory        0xFFFFFF     0x100000E
 //   | reserved     | free                               | handed out       | spare bytes |
 
-// Frames look only at pieces of memory that were written to since: every write leaves a mark. What
-// a program writes past the functions below it asks DataForWriting for.
+// Every write through these functions marks the piece of memory that it changes, and a frame looks
+// only at pieces that were marked since the one before. A program that writes to the bytes itself
+// gets them from DataForWriting.
 
 /// The bytes at the addresses 0 to size() - 1. Empty until t_InitMemory, then kept for ever.
 class t_MemoryArray {
@@ -125,6 +126,11 @@ struct RowBlock {
     const std::int64_t end = block.Address + (block.Rows - 1) * block.Stride + block.Bytes;
     return block.Address >= first && end - 1 <= last &&
            InMemory(block.Address, end - block.Address);
+}
+
+/// Whether all of the block lies in the memory.
+[[nodiscard]] inline bool InMemory(const RowBlock& block) {
+    return LiesWithin(block, 0, t_Memory.size() - 1);
 }
 
 /// Marks all addresses from the block's first to its last.
