@@ -21,9 +21,6 @@ using toolkit::PrintLine;
 
 namespace {
 
-constexpr std::int64_t kSmallestSide = 1;
-constexpr std::int64_t kLargestSide = 8192;
-
 // What a frame needs of a record, read once: the record may change while the frame is built.
 struct Snapshot {
     std::int64_t BitDepth;
@@ -39,8 +36,8 @@ struct Snapshot {
     [[nodiscard]] std::int64_t Pixels() const { return Width * Height; }
     [[nodiscard]] std::int64_t Bytes() const { return Pixels() * BitDepth / 8; }
     [[nodiscard]] bool HasSize() const {
-        return Width >= kSmallestSide && Width <= kLargestSide && Height >= kSmallestSide &&
-               Height <= kLargestSide;
+        return Width >= 1 && Width <= toolkit::kLargestSide && Height >= 1 &&
+               Height <= toolkit::kLargestSide;
     }
     // A torn pair of old and new fields may give a wrong picture, never one outside the memory.
     [[nodiscard]] bool InMemory() const {

@@ -28,7 +28,6 @@ using toolkit::PrintLine;
 namespace {
 
 constexpr std::int64_t kSmallestSide = 32;  // of a picture, pixels
-constexpr std::int64_t kLargestSide = 8192;
 constexpr std::int64_t kUsualWidth = 1280;
 constexpr std::int64_t kUsualHeight = 800;
 constexpr std::uint8_t kNewTextColor = 0xC0;
@@ -71,7 +70,7 @@ std::string Title(const std::string& bundlePath, bool hasText) {
 
 std::int64_t CheckedSide(const Plan& plan, std::int64_t side, std::string_view what,
                          std::int64_t usual) {
-    if (side >= kSmallestSide && side <= kLargestSide) return side;
+    if (side >= kSmallestSide && side <= toolkit::kLargestSide) return side;
     PrintLine(plan.Prefix, " cannot display ", side, " ", what, " pixel.");
     return usual;
 }

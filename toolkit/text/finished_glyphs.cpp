@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstring>
+#include <utility>
 
+#include "toolkit/core/bit_depths.h"
 #include "toolkit/core/shared_bytes.h"
 #include "toolkit/text/blend.h"
+#include "toolkit/window/window.h"
 
 namespace toolkit {
 
@@ -115,7 +119,7 @@ bool HasNoInk(const std::uint8_t* grey) {
 
 // Many rows of a glyph are bare: those are copied.
 template <int BitDepth>
-void PutGlyph(const GlyphColors& colors, std::span<const std::uint8_t> grey, std::uint8_t* to) {
+void BlendGlyph(const GlyphColors& colors, std::span<const std::uint8_t> grey, std::uint8_t* to) {
     constexpr std::size_t kBytes = kGroupBytes<BitDepth>;
     std::array<std::uint8_t, kBytes + kSlack> bare;
     std::array<std::uint8_t, kGroup> greys{};
@@ -135,6 +139,71 @@ void PutGlyph(const GlyphColors& colors, std::span<const std::uint8_t> grey, std
     std::memcpy(to, bare.data(), (grey.size() - at) * BitDepth / 8);
 }
 
+constexpr std::int64_t kLargestKept = 16'384;          // pixels of a glyph that is kept
+constexpr std::size_t kLongestRow = 4 * kLargestSide;  // bytes of a picture
+
+// At 16 and 32 bits the first byte of a pixel keeps what it holds.
+void PutRows(const RowBlock& block, std::int64_t depth, const std::uint8_t* finished,
+             RowSource holds) {
+    if (KeepsFirstByte(depth)) {
+        MergeRows(block, finished, depth / 8, holds);
+    } else {
+        WriteRows(block, finished, holds);
+    }
+}
+
+// What is kept for all threads. It serves one of them at a time; who finds it busy does without.
+struct CommonStore {
+    GlyphStore Glyphs;
+    std::atomic_flag Busy;
+};
+
+CommonStore& Common() {
+    static CommonStore& store = *new CommonStore;
+    return store;
+}
+
+// Has `use` work with the finished glyph if it is kept; whether it was.
+template <typename Use>
+bool WithKept(const GlyphKey& key, std::span<const std::uint8_t> grey, const Use& use) {
+    CommonStore& store = Common();
+    if (std::ssize(grey) > kLargestKept || store.Busy.test_and_set(std::memory_order_acquire)) {
+        return false;
+    }
+    const std::uint8_t* const kept = store.Glyphs.Find(key, grey);
+    if (kept != nullptr) use(kept);
+    store.Busy.clear(std::memory_order_release);
+    return kept != nullptr;
+}
+
+template <typename Use>
+void WithNewlyFinished(const GlyphKey& key, std::span<const std::uint8_t> grey, const Use& use) {
+    thread_local std::vector<std::uint8_t> room;
+    std::vector<std::uint8_t> roomOnce;
+    std::vector<std::uint8_t>& finished = std::ssize(grey) <= kLargestKept ? room : roomOnce;
+    FinishGlyph(key, grey, finished);
+    use(finished.data());
+}
+
+// Writes a glyph with rows of `length` bytes as often as it fits into the block. Where all rows
+// that are left are alike, as in a blank, they are put together and written at once.
+void PutSideBySide(const RowBlock& block, std::int64_t length, std::int64_t depth,
+                   const std::uint8_t* finished) {
+    std::array<std::uint8_t, kLongestRow> pixels;  // written before it is read
+    const std::uint8_t* const last = finished + (block.Rows - 1) * length;
+    std::int64_t rows = 0;
+    for (std::int64_t r = 0; r < block.Rows; r += rows) {
+        const std::uint8_t* const row = finished + r * length;
+        rows = std::equal(row, last, row + length) ? block.Rows - r : 1;
+        std::copy_n(row, length, pixels.data());
+        for (std::int64_t have = length; have < block.Bytes; have *= 2) {
+            std::copy_n(pixels.data(), std::min(have, block.Bytes - have), pixels.data() + have);
+        }
+        PutRows({block.Address + r * block.Stride, block.Stride, block.Bytes, rows}, depth,
+                pixels.data(), RowSource::OneRow);
+    }
+}
+
 }  // namespace
 
 void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
@@ -142,33 +211,13 @@ void FinishGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey,
     finished.resize(grey.size() * key.BitDepth / 8 + kSlack);
     const GlyphColors colors{BlendOf(key.Pair),
                              key.BitDepth == 4 ? &NearestColorsOf(key.Pair) : nullptr};
-    switch (key.BitDepth) {
-        case 1:
-            PutGlyph<1>(colors, grey, finished.data());
-            break;
-        case 4:
-            PutGlyph<4>(colors, grey, finished.data());
-            break;
-        case 8:
-            PutGlyph<8>(colors, grey, finished.data());
-            break;
-        case 16:
-            PutGlyph<16>(colors, grey, finished.data());
-            break;
-        case 24:
-            PutGlyph<24>(colors, grey, finished.data());
-            break;
-        case 32:
-            PutGlyph<32>(colors, grey, finished.data());
-            break;
-        default:
-            break;
-    }
+    WithBitDepth(key.BitDepth,
+                 [&](auto depth) { BlendGlyph<depth()>(colors, grey, finished.data()); });
 }
 
 bool PaintGlyph(const GlyphKey& key, std::span<const std::uint8_t> grey, const RowBlock& block) {
     constexpr std::int64_t kBytes = kGroupBytes<24>;
-    if (!kLowByteFirst || key.BitDepth != 24 || !LiesWithin(block, 0, t_Memory.size()) ||
+    if (!kLowByteFirst || key.BitDepth != 24 || !InMemory(block) ||
         (block.Address | block.Stride) % kWord != 0 || block.Bytes % kBytes != 0) {
         return false;
     }
@@ -221,6 +270,44 @@ const std::uint8_t* GlyphStore::Find(const GlyphKey& key, std::span<const std::u
     slot = std::move(kept);
     bytes_ = slot.Bytes();
     return slot.Finished.data();
+}
+
+void PutGlyph(const RowBlock& block, const GlyphKey& key, std::span<const std::uint8_t> grey,
+              bool isRepeated) {
+    const auto put = [&](const std::uint8_t* finished) {
+        if (isRepeated && !KeepsFirstByte(key.BitDepth) && HoldsRows(block, finished)) return;
+        PutRows(block, key.BitDepth, finished, RowSource::AllRows);
+    };
+    if (WithKept(key, grey, put) || PaintGlyph(key, grey, block)) return;
+    WithNewlyFinished(key, grey, put);
+}
+
+void PutGlyphInsideBytes(const RowBlock& block, const GlyphKey& key,
+                         std::span<const std::uint8_t> grey, std::int64_t firstBit) {
+    const unsigned perByte = 8U / key.BitDepth;
+    const unsigned pixelMask = (1U << key.BitDepth) - 1;
+    const auto& values = key.BitDepth == 1 ? BlendOf(key.Pair).Ink : NearestColorsOf(key.Pair);
+    const std::size_t width = grey.size() / static_cast<std::size_t>(block.Rows);
+    for (std::int64_t r = 0; r < block.Rows; ++r) {
+        const auto row = grey.subspan(static_cast<std::size_t>(r) * width, width);
+        for (std::size_t j = 0; j < width; ++j) {
+            const std::size_t x = static_cast<std::size_t>(firstBit) / key.BitDepth + j;
+            const std::int64_t address =
+                block.Address + r * block.Stride + static_cast<std::int64_t>(x / perByte);
+            const auto shift = static_cast<unsigned>(perByte - 1 - x % perByte) * key.BitDepth;
+            const unsigned others = Peek(address) & ~(pixelMask << shift);
+            Poke(address, static_cast<std::uint8_t>(others | static_cast<unsigned>(values[row[j]])
+                                                                 << shift));
+        }
+    }
+}
+
+void PutGlyphSideBySide(const RowBlock& block, std::int64_t length, const GlyphKey& key,
+                        std::span<const std::uint8_t> grey) {
+    const auto put = [&](const std::uint8_t* finished) {
+        PutSideBySide(block, length, key.BitDepth, finished);
+    };
+    if (!WithKept(key, grey, put)) WithNewlyFinished(key, grey, put);
 }
 
 }  // namespace toolkit

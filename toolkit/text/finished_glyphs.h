@@ -7,7 +7,9 @@
 #include "toolkit/core/memory.h"
 
 // Glyphs as the bytes that they are in a picture: blended into a pair of colours at a bit depth,
-// rows one after the other. Only for glyphs whose rows are whole bytes. Any thread.
+// kept for the next time, and put into the memory. Any thread. A glyph is given as grey values, one
+// byte a pixel, rows one after the other; but for PutGlyphInsideBytes its rows are whole bytes in
+// the picture.
 
 namespace toolkit {
 
@@ -42,7 +44,8 @@ class GlyphStore {
     [[nodiscard]] std::size_t Bytes() const;
 
   private:
-    // Kept together, apart from what they name: most of those that are drawn once need no more.
+    // The keys of a slot. They lie in a small array of their own: a glyph that is asked for once
+    // changes its label and never touches its slot.
     struct Label {
         GlyphKey Kept{};
         GlyphKey Wanted{};  // asked for last: kept if it is asked for once more
@@ -60,5 +63,21 @@ class GlyphStore {
     std::vector<Label> labels_ = std::vector<Label>(kSlots);
     std::size_t bytes_ = 0;
 };
+
+// Putting glyphs into the memory. The block that each of these takes lies in the memory.
+
+/// Writes a glyph into the block, which has its size. `isRepeated` tells that it is likely there
+/// already: then it is not written again, so that it does not count as changed.
+void PutGlyph(const RowBlock& block, const GlyphKey& key, std::span<const std::uint8_t> grey,
+              bool isRepeated);
+
+/// The same for a glyph at 1 or 4 bits whose rows begin at bit `firstBit` (0 to 7, from the highest)
+/// of the block's rows or end inside a byte. The other pixels of a byte keep their colours.
+void PutGlyphInsideBytes(const RowBlock& block, const GlyphKey& key,
+                         std::span<const std::uint8_t> grey, std::int64_t firstBit);
+
+/// Writes a glyph with rows of `length` bytes as often side by side as it fits into the block.
+void PutGlyphSideBySide(const RowBlock& block, std::int64_t length, const GlyphKey& key,
+                        std::span<const std::uint8_t> grey);
 
 }  // namespace toolkit

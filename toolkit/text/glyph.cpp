@@ -1,17 +1,15 @@
 #include "toolkit/text/glyph.h"
 
 #include <algorithm>
-#include <array>
-#include <atomic>
 #include <cstddef>
 #include <span>
 #include <vector>
 
+#include "toolkit/core/bit_depths.h"
 #include "toolkit/core/memory.h"
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/utf8.h"
-#include "toolkit/text/blend.h"
 #include "toolkit/text/finished_glyphs.h"
 #include "toolkit/text/grid_span.h"
 #include "toolkit/window/window.h"
@@ -23,11 +21,8 @@ namespace {
 
 constexpr std::int64_t kGreyFormat = 2;
 constexpr std::int64_t kOtherFormats[] = {0, 100, 102};
-constexpr std::int64_t kLargestSide = 8192;    // of a picture, and so of a glyph
-constexpr std::int64_t kLargestKept = 16'384;  // pixels of a glyph that is kept finished
 // Up to here the characters are blocks: programs paint fields of them again and again as they are.
 constexpr std::uint8_t kLastBlockCharacter = 14;
-constexpr std::size_t kLongestRow = 4 * kLargestSide;  // bytes of a picture
 
 // What drawing needs of a record, read once: a thread that sets the window up anew meanwhile may
 // spoil the picture, never more.
@@ -49,11 +44,11 @@ struct Target {
 
     // A picture and a font that drawing can count with, whatever a program wrote into the record.
     [[nodiscard]] bool CanBeDrawn() const {
-        constexpr std::int64_t kDepths[] = {1, 4, 8, 16, 24, 32};
-        const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLargestSide; };
+        const auto isSide = [](std::int64_t side) {
+            return side >= 1 && side <= toolkit::kLargestSide;
+        };
         return isSide(Font.Width) && isSide(Font.Height) && isSide(Width) && isSide(Height) &&
-               toolkit::InMemory(Start, 1) &&
-               std::ranges::find(kDepths, BitDepth) != std::end(kDepths);
+               toolkit::InMemory(Start, 1) && toolkit::IsBitDepth(BitDepth);
     }
     [[nodiscard]] bool Contains(std::int64_t column, std::int64_t line) const {
         return column >= 1 && line >= 1 && Times(Font.Width, column) <= Width &&
@@ -101,77 +96,6 @@ std::span<const std::uint8_t> GlyphData(const t_Font& font, std::uint8_t symbol)
     return blank;
 }
 
-// At 16 and 32 bits the first byte of a pixel keeps what it holds.
-void PutRows(const toolkit::RowBlock& block, std::int64_t depth, const std::uint8_t* finished,
-             toolkit::RowSource holds) {
-    if (depth == 16 || depth == 32) {
-        toolkit::MergeRows(block, finished, depth / 8, holds);
-    } else {
-        toolkit::WriteRows(block, finished, holds);
-    }
-}
-
-// Has `use` work with the finished glyph if it is kept. The store serves one thread at a time; who
-// finds it busy does without.
-template <typename Use>
-bool WithKept(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey, const Use& use) {
-    static toolkit::GlyphStore& store = *new toolkit::GlyphStore;
-    static std::atomic_flag busy;
-    if (std::ssize(grey) > kLargestKept || busy.test_and_set(std::memory_order_acquire)) {
-        return false;
-    }
-    const std::uint8_t* const kept = store.Find(key, grey);
-    if (kept != nullptr) use(kept);
-    busy.clear(std::memory_order_release);
-    return kept != nullptr;
-}
-
-template <typename Use>
-void WithNewlyFinished(const toolkit::GlyphKey& key, std::span<const std::uint8_t> grey,
-                       const Use& use) {
-    thread_local std::vector<std::uint8_t> room;
-    std::vector<std::uint8_t> roomOnce;
-    std::vector<std::uint8_t>& finished = std::ssize(grey) <= kLargestKept ? room : roomOnce;
-    toolkit::FinishGlyph(key, grey, finished);
-    use(finished.data());
-}
-
-// What is there already is not written again, so that it does not count as changed.
-void PutWholeBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
-                   std::span<const std::uint8_t> grey, bool isRepeated) {
-    const auto put = [&](const std::uint8_t* finished) {
-        if (isRepeated && key.BitDepth != 16 && key.BitDepth != 32 &&
-            toolkit::HoldsRows(block, finished)) {
-            return;
-        }
-        PutRows(block, key.BitDepth, finished, toolkit::RowSource::AllRows);
-    };
-    if (WithKept(key, grey, put) || toolkit::PaintGlyph(key, grey, block)) return;
-    WithNewlyFinished(key, grey, put);
-}
-
-// A glyph whose rows begin or end inside a byte: the other pixels of that byte keep their colours.
-void PutPartBytes(const toolkit::RowBlock& block, const toolkit::GlyphKey& key,
-                  std::span<const std::uint8_t> grey, std::int64_t firstBit) {
-    const unsigned perByte = 8U / key.BitDepth;
-    const unsigned pixelMask = (1U << key.BitDepth) - 1;
-    const auto& values =
-        key.BitDepth == 1 ? toolkit::BlendOf(key.Pair).Ink : toolkit::NearestColorsOf(key.Pair);
-    const std::size_t width = grey.size() / static_cast<std::size_t>(block.Rows);
-    for (std::int64_t r = 0; r < block.Rows; ++r) {
-        const auto row = grey.subspan(static_cast<std::size_t>(r) * width, width);
-        for (std::size_t j = 0; j < width; ++j) {
-            const std::size_t x = static_cast<std::size_t>(firstBit) / key.BitDepth + j;
-            const std::int64_t address =
-                block.Address + r * block.Stride + static_cast<std::int64_t>(x / perByte);
-            const auto shift = static_cast<unsigned>(perByte - 1 - x % perByte) * key.BitDepth;
-            const unsigned others = toolkit::Peek(address) & ~(pixelMask << shift);
-            toolkit::Poke(address, static_cast<std::uint8_t>(
-                                       others | static_cast<unsigned>(values[row[j]]) << shift));
-        }
-    }
-}
-
 // A cell as it is to be drawn; `IsRepeated` tells that it is recorded like this.
 struct CellToDraw {
     toolkit::Cell What;
@@ -189,9 +113,9 @@ void DrawGlyph(const Target& target, const CellToDraw& cell) {
     const toolkit::GlyphKey key = target.Key(cell.What.Symbol, cell.What.Color);
     const std::span<const std::uint8_t> grey = GlyphData(target.Font, cell.What.Symbol);
     if (place.IsWholeBytes()) {
-        PutWholeBytes(block, key, grey, cell.IsRepeated);
+        toolkit::PutGlyph(block, key, grey, cell.IsRepeated);
     } else {
-        PutPartBytes(block, key, grey, place.FirstBit % 8);
+        toolkit::PutGlyphInsideBytes(block, key, grey, place.FirstBit % 8);
     }
 }
 
@@ -209,25 +133,6 @@ void DrawOrRefuse(const Target& target, const CellToDraw& cell) {
 // Whether there is a text block to print in and a font to print with.
 bool CanPrint(const t_Window& w) {
     return toolkit::IsUsable(w, toolkit::Need::TextBlock) && !w.Font.Data.empty();
-}
-
-// Writes a glyph with rows of `length` bytes as often as it fits into the block. Where all rows
-// that are left are alike, as in a blank, they are put together and written at once.
-void PutSideBySide(const toolkit::RowBlock& block, std::int64_t length, std::int64_t depth,
-                   const std::uint8_t* finished) {
-    std::array<std::uint8_t, kLongestRow> pixels;  // written before it is read
-    const std::uint8_t* const last = finished + (block.Rows - 1) * length;
-    std::int64_t rows = 0;
-    for (std::int64_t r = 0; r < block.Rows; r += rows) {
-        const std::uint8_t* const row = finished + r * length;
-        rows = std::equal(row, last, row + length) ? block.Rows - r : 1;
-        std::copy_n(row, length, pixels.data());
-        for (std::int64_t have = length; have < block.Bytes; have *= 2) {
-            std::copy_n(pixels.data(), std::min(have, block.Bytes - have), pixels.data() + have);
-        }
-        PutRows({block.Address + r * block.Stride, block.Stride, block.Bytes, rows}, depth,
-                pixels.data(), toolkit::RowSource::OneRow);
-    }
 }
 
 // Draws one glyph in a row of cells, pixel row by pixel row; false, and nothing is drawn, where not
@@ -248,12 +153,8 @@ bool DrawStrip(const t_Window& w, std::uint8_t symbol, std::uint8_t pair,
     if (!place.IsWholeBytes() || !toolkit::LiesWithin(strip, target.Start, target.End)) {
         return false;
     }
-    const toolkit::GlyphKey key = target.Key(symbol, pair);
-    const std::span<const std::uint8_t> grey = GlyphData(target.Font, symbol);
-    const auto put = [&](const std::uint8_t* finished) {
-        PutSideBySide(strip, cell.Bytes, key.BitDepth, finished);
-    };
-    if (!WithKept(key, grey, put)) WithNewlyFinished(key, grey, put);
+    toolkit::PutGlyphSideBySide(strip, cell.Bytes, target.Key(symbol, pair),
+                                GlyphData(target.Font, symbol));
     return true;
 }
 

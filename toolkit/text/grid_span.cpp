@@ -8,7 +8,7 @@ namespace toolkit {
 
 namespace {
 
-constexpr std::int64_t kLongest = 8192;
+constexpr std::int64_t kLongest = kLargestSide;  // cells are at least a pixel wide and high
 
 Span CutTo(std::int64_t length, const Span& span) {
     return {span.First, std::min(span.Last, Plus(span.First, length - 1))};

@@ -23,6 +23,8 @@ class Window;
 
 namespace toolkit {
 
+inline constexpr std::int64_t kLargestSide = 8192;  // of a picture, and so of a glyph, pixels
+
 /// Where a window's text output goes; with any other number nowhere, too.
 struct TextOutput {
     enum : std::int64_t {
