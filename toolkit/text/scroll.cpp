@@ -73,7 +73,7 @@ bool SpansWholeLines(const t_Window& w) {
     return w.TextFirstColumn == 1 && w.TextLastColumn == w.TextWidth;
 }
 
-// Redraws a cell from the one `distance` lines below it. Stored colours are the colours as drawn.
+// Redraws a line from the one `distance` lines below it. Stored colours are the colours as drawn.
 void CopyLine(std::uint8_t window, const t_Window& w, const Span& columns, std::int64_t line,
               std::int64_t distance) {
     for (const std::int64_t column : columns) {
@@ -82,46 +82,50 @@ void CopyLine(std::uint8_t window, const t_Window& w, const Span& columns, std::
     }
 }
 
-void BlankLine(std::uint8_t window, const t_Window& w, std::int64_t line) {
-    toolkit::FillCells(window, toolkit::kBlank, w.TextFirstColumn, w.TextLastColumn, line);
+enum class Direction : std::int64_t { Up = 1, Down = -1 };
+
+void MoveWholeLines(const t_Window& w, const Span& lines, Direction direction) {
+    const std::int64_t upper = Minus(lines.First, 1);  // from 0
+    const std::int64_t count = Minus(lines.Last, lines.First);
+    const LineMove move = direction == Direction::Up ? LineMove{lines.First, upper, count}
+                                                     : LineMove{upper, lines.First, count};
+    MoveCells(w, move);
+    MovePixels(w, move);
+}
+
+// Line by line, beginning with the one that the area loses.
+void MovePartsOfLines(std::uint8_t window, t_Window& w, const toolkit::CellArea& area,
+                      Direction direction) {
+    const auto step = static_cast<std::int64_t>(direction);
+    std::int64_t line = direction == Direction::Up ? area.Lines.First : area.Lines.Last;
+    const bool inverse = w.TextInverse;
+    w.TextInverse = false;
+    for (std::int64_t left = area.Lines.Count(); left > 1; --left, line += step) {
+        CopyLine(window, w, area.Columns, line, step);
+    }
+    w.TextInverse = inverse;
+}
+
+void Scroll(std::uint8_t window, t_Window& w, Direction direction) {
+    if (w.ScrollLock) return;
+    const toolkit::CellArea area = TextArea(w);
+    if (SpansWholeLines(w)) {
+        MoveWholeLines(w, area.Lines, direction);
+    } else {
+        MovePartsOfLines(window, w, area, direction);
+    }
+    toolkit::FillCells(window, toolkit::kBlank, w.TextFirstColumn, w.TextLastColumn,
+                       direction == Direction::Up ? area.Lines.Last : area.Lines.First);
 }
 
 }  // namespace
 
 void t_ScrollUp(std::uint8_t window) {
     t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr || w->ScrollLock) return;
-    const auto [columns, lines] = TextArea(*w);
-    if (SpansWholeLines(*w)) {
-        const LineMove move{lines.First, Minus(lines.First, 1), Minus(lines.Last, lines.First)};
-        MoveCells(*w, move);
-        MovePixels(*w, move);
-    } else {
-        const bool inverse = w->TextInverse;
-        w->TextInverse = false;
-        for (std::int64_t line = lines.First; line < lines.Last; ++line) {
-            CopyLine(window, *w, columns, line, 1);
-        }
-        w->TextInverse = inverse;
-    }
-    BlankLine(window, *w, lines.Last);
+    if (w != nullptr) Scroll(window, *w, Direction::Up);
 }
 
 void t_ScrollDown(std::uint8_t window) {
     t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr || w->ScrollLock) return;
-    const auto [columns, lines] = TextArea(*w);
-    if (SpansWholeLines(*w)) {
-        const LineMove move{Minus(lines.First, 1), lines.First, Minus(lines.Last, lines.First)};
-        MoveCells(*w, move);
-        MovePixels(*w, move);
-    } else {
-        const bool inverse = w->TextInverse;
-        w->TextInverse = false;
-        for (std::int64_t line = lines.Last; line > lines.First; --line) {
-            CopyLine(window, *w, columns, line, -1);
-        }
-        w->TextInverse = inverse;
-    }
-    BlankLine(window, *w, lines.First);
+    if (w != nullptr) Scroll(window, *w, Direction::Down);
 }
