@@ -22,6 +22,25 @@ constinit toolkit::Shared<bool> t_FnPressed;
 
 namespace {
 
+// A modifier, what tells that it was held when last seen, and its field in key and mouse events;
+// nullptr where it has none. FnPressed is for key events alone.
+struct ModifierRow {
+    std::uint64_t Flag;
+    toolkit::Shared<bool>* Global;
+    bool t_Event::*Field;
+};
+
+constexpr ModifierRow kModifiers[] = {
+    {platform::kCapsLockFlag, &t_CapsLockPressed, &t_Event::CapsLockPressed},
+    {platform::kShiftFlag, &t_ShiftPressed, &t_Event::ShiftPressed},
+    {platform::kControlFlag, &t_ControlPressed, &t_Event::ControlPressed},
+    {platform::kOptionFlag, &t_OptionPressed, &t_Event::OptionPressed},
+    {platform::kCommandFlag, &t_CommandPressed, &t_Event::CommandPressed},
+    {platform::kFnFlag, &t_FnPressed, nullptr},
+    {platform::kNumericPadFlag, nullptr, &t_Event::NumericPadPressed},
+    {platform::kHelpFlag, nullptr, &t_Event::HelpPressed},
+};
+
 constexpr std::int64_t kLastPlainCode = 255;
 constexpr std::int64_t kFirstFunctionKey = 63'236;  // character 0xF704, F1
 constexpr std::int64_t kFunctionKeyDistance = 63'107;
@@ -100,21 +119,14 @@ std::string t_WaitKey(std::uint8_t window) {
 }
 
 void toolkit::SetModifierFlags(std::uint64_t modifierFlags) {
-    t_CapsLockPressed = (modifierFlags & platform::kCapsLockFlag) != 0;
-    t_ShiftPressed = (modifierFlags & platform::kShiftFlag) != 0;
-    t_ControlPressed = (modifierFlags & platform::kControlFlag) != 0;
-    t_OptionPressed = (modifierFlags & platform::kOptionFlag) != 0;
-    t_CommandPressed = (modifierFlags & platform::kCommandFlag) != 0;
-    t_FnPressed = (modifierFlags & platform::kFnFlag) != 0;
+    for (const ModifierRow& row : kModifiers) {
+        if (row.Global != nullptr) *row.Global = (modifierFlags & row.Flag) != 0;
+    }
 }
 
 void toolkit::FillInModifiers(t_Event& event, std::uint64_t modifierFlags) {
     event.Mods = static_cast<std::int64_t>(modifierFlags >> 16U & 0xFFFFU);
-    event.CapsLockPressed = (modifierFlags & platform::kCapsLockFlag) != 0;
-    event.ShiftPressed = (modifierFlags & platform::kShiftFlag) != 0;
-    event.ControlPressed = (modifierFlags & platform::kControlFlag) != 0;
-    event.OptionPressed = (modifierFlags & platform::kOptionFlag) != 0;
-    event.CommandPressed = (modifierFlags & platform::kCommandFlag) != 0;
-    event.NumericPadPressed = (modifierFlags & platform::kNumericPadFlag) != 0;
-    event.HelpPressed = (modifierFlags & platform::kHelpFlag) != 0;
+    for (const ModifierRow& row : kModifiers) {
+        if (row.Field != nullptr) event.*row.Field = (modifierFlags & row.Flag) != 0;
+    }
 }
