@@ -51,9 +51,7 @@ void t_Vtab(std::uint8_t window, std::int64_t n) {
 
 void t_CursorRight(std::uint8_t window) {
     t_Window* const w = UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr) return;
-    w->TextHpos = Plus(w->TextHpos, 1);
-    if (w->TextHpos > w->TextLastColumn) ReturnCarriage(window, *w);
+    if (w != nullptr) toolkit::AdvanceCursor(window, *w);
 }
 
 void t_CursorLeft(std::uint8_t window) {
@@ -137,4 +135,9 @@ void t_ClearEndOfWindow(std::uint8_t window) {
     }
     w->TextHpos = column;
     w->TextVpos = line;
+}
+
+void toolkit::AdvanceCursor(std::uint8_t window, t_Window& w) {
+    w.TextHpos = Plus(w.TextHpos, 1);
+    if (w.TextHpos > w.TextLastColumn) ReturnCarriage(window, w);
 }

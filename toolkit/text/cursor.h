@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "toolkit/window/window.h"
+
 // The text cursor: moving it, showing it, and blanking from it to the end of the line or the area.
 // Columns and lines count from 1 and are absolute within the text grid. Program thread; no lock.
 // Every operation prints, without further effect,
@@ -40,3 +42,10 @@ void t_CursorDraw(std::uint8_t window);
 void t_ClearEndOfLine(std::uint8_t window);
 /// The same, and blanks all lines of the area below. The cursor stays.
 void t_ClearEndOfWindow(std::uint8_t window);
+
+namespace toolkit {
+
+/// As t_CursorRight, for a window that was checked before.
+void AdvanceCursor(std::uint8_t window, t_Window& w);
+
+}  // namespace toolkit

@@ -108,10 +108,13 @@ std::int64_t Shifted(std::int64_t mode, std::int64_t k) {
 
 t_DisplayCode t_ApplyDisplayMode(std::uint8_t window, std::int64_t code) {
     t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
-    if (w == nullptr) return {};
-    const t_DisplayCode state{code, w->TextInverse, w->TextColor};
-    const std::int64_t mode = w->TextDisplayMode;
-    if (mode == kEscapeMode) return Escape(window, *w, code, state);
+    return w == nullptr ? t_DisplayCode() : toolkit::ThroughDisplayMode(window, *w, code);
+}
+
+t_DisplayCode toolkit::ThroughDisplayMode(std::uint8_t window, t_Window& w, std::int64_t code) {
+    const t_DisplayCode state{code, w.TextInverse, w.TextColor};
+    const std::int64_t mode = w.TextDisplayMode;
+    if (mode == kEscapeMode) return Escape(window, w, code, state);
     const std::int64_t shown = Shifted(mode, code);
     if (shown != code && mode == 3) t_Inverse(window);
     if (shown != code && mode == 4) t_Color(window, kMarkColor);

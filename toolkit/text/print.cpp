@@ -28,13 +28,14 @@ constexpr std::int64_t kFirstShowingMode = 3;  // from here on control codes are
 constexpr std::uint8_t kQuestionMark = 63;
 constexpr std::int64_t kMarkColor = 1;
 
-void DrawAtCursor(std::uint8_t window, const t_Window& w, std::uint8_t code) {
+void DrawAtCursor(std::uint8_t window, t_Window& w, std::uint8_t code) {
     t_PrintSymbol(window, code, w.TextColor, w.TextHpos, w.TextVpos);
-    t_CursorRight(window);
+    toolkit::AdvanceCursor(window, w);
 }
 
+// The window was checked; of the operations called for a character only t_PrintSymbol checks again.
 void PrintThroughMode(std::uint8_t window, t_Window& w, std::int64_t k, bool markUnknown) {
-    const t_DisplayCode code = t_ApplyDisplayMode(window, k);
+    const t_DisplayCode code = toolkit::ThroughDisplayMode(window, w, k);
     if (code.Code >= 0 && code.Code <= 255) {
         DrawAtCursor(window, w, static_cast<std::uint8_t>(code.Code));
     } else if (code.Code > 255 && markUnknown) {

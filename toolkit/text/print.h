@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "toolkit/core/text.h"
+#include "toolkit/window/window.h"
 
 // A window's console: prints at the text cursor, wraps at the right edge of the text area, scrolls
 // at its bottom, obeys control codes and display modes. Program thread; no lock. Every operation
@@ -73,3 +74,10 @@ void t_RedirectOutput(std::uint8_t window, std::int64_t mode);
 /// Whether the newest key event has the value `key`. Then all key events are dropped and, when
 /// `wait`, the call returns only after another key event, which is taken, or a menu event.
 bool t_PrintPause(std::int64_t key, bool wait);
+
+namespace toolkit {
+
+/// As t_ApplyDisplayMode, for a window that was checked before.
+t_DisplayCode ThroughDisplayMode(std::uint8_t window, t_Window& w, std::int64_t code);
+
+}  // namespace toolkit
