@@ -2,9 +2,11 @@
 #include <atomic>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "app/run_program.h"
 #include "game/demo_program.h"
@@ -91,74 +93,117 @@ void WatchFrames() {
     }
 }
 
+void AnswerDialog() {
+    Answer("path " + t_OpenFileDialog("Datei öffnen", "Welche Datei?", "txt"));
+}
+
+void AnswerSaveDialog() {
+    Answer("path " + t_SaveFileDialog("Brief.txt", "Datei sichern", "Wohin?", "txt, ,md"));
+}
+
+void TellPasted() {
+    const std::string text = platform::AskMain([] { return t_WindowTextView(8)->Text(); });
+    Answer(toolkit::Joined("pasted ", text.size(), " ", text.substr(text.rfind('\n') + 1)));
+}
+
+void PrintTwoLines() {
+    platform::RunOnMain([] { t_WindowTextView(9)->AppendText("Erste Zeile\nZweite Zeile\n"); });
+}
+
+void Flood() {
+    for (int i = 0; i < 3000; ++i) Answer("one of many lines that nobody reads");
+}
+
+[[noreturn]] void AskForEver() {
+    while (true) platform::RunOnMain([] {});
+}
+
+[[noreturn]] void ComputeForEver() {
+    while (true) static_cast<void>(toolkit::Milliseconds());
+}
+
+template <typename Number = std::int64_t>
+Number Next(std::istream& line) {
+    std::int64_t number = 0;
+    line >> number;
+    return static_cast<Number>(number);
+}
+
+void AnswerFrame(std::istream& line) {
+    std::string path;
+    line >> path;
+    Answer(SaveFrame(path) ? "saved" : "not saved");
+}
+
+void Scale(std::istream& line) {
+    const std::int64_t width = Next(line);
+    t_WindowSize(0, -1, -1, width, Next(line));
+}
+
+void PlaceAt(std::istream& line) {
+    const std::int64_t x = Next(line);
+    t_WindowSize(0, x, Next(line), -1, -1);
+}
+
+void ShowTitle(std::istream& line) {
+    t_WindowTitleVisible(0, Next(line) != 0);
+    t_WindowSize(0, -1, -1, -1, -1);
+}
+
+// When a command runs: before or after the line that it is done, or instead of that line.
+enum class When { Before, After, Instead };
+
+struct CommandRow {
+    std::string_view Word;
+    When Runs;
+    void (*Run)(std::istream& line);
+};
+
+// A command that takes nothing from its line.
+template <auto Act>
+void Just(std::istream& /*line*/) {
+    Act();
+}
+
+constexpr CommandRow kCommands[] = {
+    {"open", When::Before, Just<OpenWindow>},
+    {"keys", When::Before, Just<TellKeys>},
+    {"quit", When::Before, [](auto& /*line*/) { t_QuitProgram(0); }},
+    {"quit-main", When::Before,
+     [](auto& /*line*/) { platform::RunOnMain([] { t_QuitProgram(0); }); }},
+    {"click", When::Before, Just<t_Click>},
+    {"exit", When::Before, [](auto& line) { std::exit(Next<int>(line)); }},
+    {"flood", When::Before, Just<Flood>},
+    {"scale", When::Before, Scale},
+    {"place", When::Before, PlaceAt},
+    {"title", When::Before, ShowTitle},
+    {"front", When::Before, [](auto& line) { t_WindowFront(Next<std::uint8_t>(line)); }},
+    {"hide", When::Before, [](auto& line) { t_WindowVisible(Next<std::uint8_t>(line), false); }},
+    {"frame", When::Instead, AnswerFrame},
+    {"pos", When::Instead,
+     [](auto& line) { Answer(toolkit::Joined("pos ", t_WindowPos(0, Next(line)))); }},
+    {"down", When::Instead,
+     [](auto& /*line*/) { Answer(toolkit::Joined("down ", t_KeyDown ? 1 : 0)); }},
+    {"ask", When::After, Just<AskForEver>},
+    {"play", When::After, Just<PlayForEver>},
+    {"wait", When::After, [](auto& /*line*/) { static_cast<void>(t_WaitKey(0)); }},
+    {"sleep", When::After, [](auto& /*line*/) { t_Sleep(600); }},
+    {"draw", When::After, Just<DrawForEver>},
+    {"compute", When::After, Just<ComputeForEver>},
+    {"dialog", When::After, Just<AnswerDialog>},
+    {"save", When::After, Just<AnswerSaveDialog>},
+    {"pasted", When::After, Just<TellPasted>},
+    {"print", When::After, Just<PrintTwoLines>},
+};
+
 void Obey(std::istringstream line) {
     std::string word;
-    std::int64_t a = 0;
-    std::int64_t b = 0;
     line >> word;
-    if (word == "open") OpenWindow();
-    if (word == "keys") TellKeys();
-    if (word == "quit") t_QuitProgram(0);
-    if (word == "quit-main") platform::RunOnMain([] { t_QuitProgram(0); });
-    if (word == "click") t_Click();
-    if (word == "exit") {
-        line >> a;
-        std::exit(static_cast<int>(a));
-    }
-    if (word == "flood") {
-        for (int i = 0; i < 3000; ++i) Answer("one of many lines that nobody reads");
-    }
-    if (word == "frame") {
-        std::string path;
-        line >> path;
-        return Answer(SaveFrame(path) ? "saved" : "not saved");
-    }
-    if (word == "pos") {
-        line >> a;
-        return Answer(toolkit::Joined("pos ", t_WindowPos(0, a)));
-    }
-    if (word == "down") return Answer(toolkit::Joined("down ", t_KeyDown ? 1 : 0));
-    if (word == "scale") {
-        line >> a >> b;
-        t_WindowSize(0, -1, -1, a, b);
-    }
-    if (word == "place") {
-        line >> a >> b;
-        t_WindowSize(0, a, b, -1, -1);
-    }
-    if (word == "title") {
-        line >> a;
-        t_WindowTitleVisible(0, a != 0);
-        t_WindowSize(0, -1, -1, -1, -1);
-    }
-    if (word == "front") {
-        line >> a;
-        t_WindowFront(static_cast<std::uint8_t>(a));
-    }
-    if (word == "hide") {
-        line >> a;
-        t_WindowVisible(static_cast<std::uint8_t>(a), false);
-    }
-    Answer("done " + word);
-    while (word == "ask") platform::RunOnMain([] {});
-    if (word == "play") PlayForEver();
-    if (word == "wait") static_cast<void>(t_WaitKey(0));
-    if (word == "sleep") toolkit::SleepSeconds(600);
-    if (word == "draw") DrawForEver();
-    while (word == "compute") static_cast<void>(toolkit::Milliseconds());
-    if (word == "dialog") {
-        Answer("path " + t_OpenFileDialog("Datei öffnen", "Welche Datei?", "txt"));
-    }
-    if (word == "save") {
-        Answer("path " + t_SaveFileDialog("Brief.txt", "Datei sichern", "Wohin?", "txt, ,md"));
-    }
-    if (word == "pasted") {
-        const std::string text = platform::AskMain([] { return t_WindowTextView(8)->Text(); });
-        Answer(toolkit::Joined("pasted ", text.size(), " ", text.substr(text.rfind('\n') + 1)));
-    }
-    if (word == "print") {
-        platform::RunOnMain([] { t_WindowTextView(9)->AppendText("Erste Zeile\nZweite Zeile\n"); });
-    }
+    const auto* const row = std::ranges::find(kCommands, word, &CommandRow::Word);
+    const bool known = row != std::end(kCommands);
+    if (known && row->Runs != When::After) row->Run(line);
+    if (!known || row->Runs != When::Instead) Answer("done " + word);
+    if (known && row->Runs == When::After) row->Run(line);
 }
 
 void Probe() {

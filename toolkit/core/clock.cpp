@@ -6,13 +6,13 @@
 #include "platform/platform.h"
 #include "toolkit/core/numbers.h"
 
-namespace toolkit {
-
 namespace {
 
 constexpr std::int64_t kLongestSleep = 1'000'000'000;  // seconds; fits into nanoseconds
 
 }  // namespace
+
+namespace toolkit {
 
 std::int64_t Milliseconds() {
     return Truncated(platform::Current().Clock->Now() * 1000.0);
@@ -45,13 +45,12 @@ void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done) 
     }
 }
 
-void SleepSeconds(double duration) {
-    if (!(duration > 0)) return;
-    const std::int64_t whole = std::min(Truncated(duration), kLongestSleep);
-    const std::int64_t fraction =
-        Truncated((duration - static_cast<double>(Truncated(duration))) * 1e9);
-    platform::Current().Clock->Sleep(std::chrono::seconds(whole) +
+}  // namespace toolkit
+
+void t_Sleep(double seconds) {
+    if (!(seconds > 0)) return;
+    const std::int64_t whole = toolkit::Truncated(seconds);
+    const std::int64_t fraction = toolkit::Truncated((seconds - static_cast<double>(whole)) * 1e9);
+    platform::Current().Clock->Sleep(std::chrono::seconds(std::min(whole, kLongestSleep)) +
                                      std::chrono::nanoseconds(fraction));
 }
-
-}  // namespace toolkit
