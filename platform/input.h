@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/key_codes.h"
+
 // Key presses and clicks as they cross the seam. Plain values; made and read on the main thread.
 
 namespace platform {
@@ -17,9 +19,6 @@ inline constexpr std::uint64_t kNumericPadFlag = 1U << 21U;
 inline constexpr std::uint64_t kHelpFlag = 1U << 22U;
 inline constexpr std::uint64_t kFnFlag = 1U << 23U;  // also set for every function-key character
 
-/// The key code of a key that stands at no position of the key table.
-inline constexpr std::int64_t kNoKeyCode = 65535;
-
 /// The characters of keys without a printable character. F2 and the other function keys follow F1.
 inline constexpr char32_t kUpArrowCharacter = 0xF700;
 inline constexpr char32_t kDownArrowCharacter = 0xF701;
@@ -33,9 +32,8 @@ inline constexpr char32_t kEndCharacter = 0xF72B;
 inline constexpr char32_t kPageUpCharacter = 0xF72C;
 inline constexpr char32_t kPageDownCharacter = 0xF72D;
 
-/// A pressed key. `KeyCode` names the position of the key by the numbers of the toolkit's key table
-/// (0 the A position of a US keyboard, 36 Return, 123 the Left arrow), whatever the layout makes of
-/// it; kNoKeyCode for a key that is not in that table.
+/// A pressed key. `KeyCode` names the position of the key by its number in platform/key_codes.h,
+/// whatever the layout makes of it; kNoKeyCode for a key that has none.
 struct KeyPress {
     std::int64_t KeyCode = kNoKeyCode;
     std::string Characters;           // UTF-8; empty for a dead key

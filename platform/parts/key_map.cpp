@@ -4,91 +4,95 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/key_codes.h"
+
 namespace platform::parts {
 
 namespace {
 
 struct PositionRow {
-    std::uint8_t Kernel;   // the kernel's number of the key
-    std::int16_t KeyCode;  // the toolkit's
+    std::uint8_t Kernel;  // the kernel's number of the key
+    platform::KeyCode KeyCode;
 };
 
-// Keys of the main block and the keypad. The names are those of a US keyboard.
+// Keys of the main block and the keypad.
+// clang-format off
 constexpr PositionRow kPositionRows[] = {
-    {1, 53},    // Escape
-    {2, 18},    // 1
-    {3, 19},    // 2
-    {4, 20},    // 3
-    {5, 21},    // 4
-    {6, 23},    // 5
-    {7, 22},    // 6
-    {8, 26},    // 7
-    {9, 28},    // 8
-    {10, 25},   // 9
-    {11, 29},   // 0
-    {12, 27},   // minus
-    {13, 24},   // =
-    {14, 51},   // Backspace
-    {15, 48},   // Tab
-    {16, 12},   // Q
-    {17, 13},   // W
-    {18, 14},   // E
-    {19, 15},   // R
-    {20, 17},   // T
-    {21, 16},   // Y
-    {22, 32},   // U
-    {23, 34},   // I
-    {24, 31},   // O
-    {25, 35},   // P
-    {26, 33},   // [
-    {27, 30},   // ]
-    {28, 36},   // Return
-    {30, 0},    // A
-    {31, 1},    // S
-    {32, 2},    // D
-    {33, 3},    // F
-    {34, 5},    // G
-    {35, 4},    // H
-    {36, 38},   // J
-    {37, 40},   // K
-    {38, 37},   // L
-    {39, 41},   // ;
-    {40, 39},   // '
-    {41, 10},   // left of 1: the section key of an ISO keyboard
-    {43, 42},   // backslash
-    {44, 6},    // Z
-    {45, 7},    // X
-    {46, 8},    // C
-    {47, 9},    // V
-    {48, 11},   // B
-    {49, 45},   // N
-    {50, 46},   // M
-    {51, 43},   // ,
-    {52, 47},   // .
-    {53, 44},   // /
-    {55, 67},   // keypad *
-    {57, 49},   // Space
-    {71, 89},   // keypad 7
-    {72, 91},   // keypad 8
-    {73, 92},   // keypad 9
-    {74, 78},   // keypad -
-    {75, 86},   // keypad 4
-    {76, 87},   // keypad 5
-    {77, 88},   // keypad 6
-    {78, 69},   // keypad +
-    {79, 83},   // keypad 1
-    {80, 84},   // keypad 2
-    {81, 85},   // keypad 3
-    {82, 82},   // keypad 0
-    {83, 65},   // keypad decimal
-    {86, 50},   // between left Shift and Z: the key with < and > of an ISO keyboard
-    {89, 94},   // backslash of a Japanese keyboard
-    {96, 76},   // keypad Enter
-    {98, 75},   // keypad /
-    {117, 81},  // keypad =
-    {121, 95},  // keypad comma
-    {124, 93},  // yen of a Japanese keyboard
+    {  1, kKeyEscape},
+    {  2, kKey1},
+    {  3, kKey2},
+    {  4, kKey3},
+    {  5, kKey4},
+    {  6, kKey5},
+    {  7, kKey6},
+    {  8, kKey7},
+    {  9, kKey8},
+    { 10, kKey9},
+    { 11, kKey0},
+    { 12, kKeyMinus},
+    { 13, kKeyEqual},
+    { 14, kKeyBackspace},
+    { 15, kKeyTab},
+    { 16, kKeyQ},
+    { 17, kKeyW},
+    { 18, kKeyE},
+    { 19, kKeyR},
+    { 20, kKeyT},
+    { 21, kKeyY},
+    { 22, kKeyU},
+    { 23, kKeyI},
+    { 24, kKeyO},
+    { 25, kKeyP},
+    { 26, kKeyLeftBracket},
+    { 27, kKeyRightBracket},
+    { 28, kKeyReturn},
+    { 30, kKeyA},
+    { 31, kKeyS},
+    { 32, kKeyD},
+    { 33, kKeyF},
+    { 34, kKeyG},
+    { 35, kKeyH},
+    { 36, kKeyJ},
+    { 37, kKeyK},
+    { 38, kKeyL},
+    { 39, kKeySemicolon},
+    { 40, kKeyQuote},
+    { 41, kKeySection},       // left of 1 on an ISO keyboard
+    { 43, kKeyBackslash},
+    { 44, kKeyZ},
+    { 45, kKeyX},
+    { 46, kKeyC},
+    { 47, kKeyV},
+    { 48, kKeyB},
+    { 49, kKeyN},
+    { 50, kKeyM},
+    { 51, kKeyComma},
+    { 52, kKeyPeriod},
+    { 53, kKeySlash},
+    { 55, kKeypadTimes},
+    { 57, kKeySpace},
+    { 71, kKeypad7},
+    { 72, kKeypad8},
+    { 73, kKeypad9},
+    { 74, kKeypadMinus},
+    { 75, kKeypad4},
+    { 76, kKeypad5},
+    { 77, kKeypad6},
+    { 78, kKeypadPlus},
+    { 79, kKeypad1},
+    { 80, kKeypad2},
+    { 81, kKeypad3},
+    { 82, kKeypad0},
+    { 83, kKeypadDecimal},
+    { 86, kKeyGrave},         // between left Shift and Z on an ISO keyboard: < and >
+    { 89, kKeyUnderscore},    // backslash of a Japanese keyboard
+    { 96, kKeypadEnter},
+    { 98, kKeypadDivide},
+    {117, kKeypadEqual},
+    {121, kKeypadComma},
+    {124, kKeyYen},
 };
+// clang-format on
 
 constexpr std::int16_t kNoPosition = -1;
 constexpr std::size_t kPositions = 128;
@@ -109,7 +113,7 @@ constexpr std::array<std::int16_t, kPositions> kPositionTable = ByKernelNumber(k
 
 struct SpecialRow {
     std::uint32_t Symbol;
-    std::int16_t KeyCode;
+    platform::KeyCode KeyCode;
     char32_t Character;
 };
 
@@ -121,34 +125,34 @@ constexpr char32_t kHelpCharacter = 0xF746;
 // Keys with a meaning of their own, in the order of their symbols. The symbols from 0xFF95 on are
 // those of the keypad while Num Lock is off.
 constexpr SpecialRow kSpecialRows[] = {
-    {0xFE20, 48, kBackTabCharacter},      // Shift-Tab
-    {0xFF08, 51, kBackspaceCharacter},    // Backspace
-    {0xFF09, 48, 0x09},                   // Tab
-    {0xFF0B, 71, kClearCharacter},        // Clear
-    {0xFF0D, 36, 0x0D},                   // Return
-    {0xFF1B, 53, 0x1B},                   // Escape
-    {0xFF50, 115, kHomeCharacter},        // Home
-    {0xFF51, 123, kLeftArrowCharacter},   // Left
-    {0xFF52, 126, kUpArrowCharacter},     // Up
-    {0xFF53, 124, kRightArrowCharacter},  // Right
-    {0xFF54, 125, kDownArrowCharacter},   // Down
-    {0xFF55, 116, kPageUpCharacter},      // Page Up
-    {0xFF56, 121, kPageDownCharacter},    // Page Down
-    {0xFF57, 119, kEndCharacter},         // End
-    {0xFF63, 114, kInsertCharacter},      // Insert
-    {0xFF6A, 114, kHelpCharacter},        // Help
-    {0xFF8D, 76, 0x0D},                   // keypad Enter
-    {0xFF95, 115, kHomeCharacter},        // keypad 7
-    {0xFF96, 123, kLeftArrowCharacter},   // keypad 4
-    {0xFF97, 126, kUpArrowCharacter},     // keypad 8
-    {0xFF98, 124, kRightArrowCharacter},  // keypad 6
-    {0xFF99, 125, kDownArrowCharacter},   // keypad 2
-    {0xFF9A, 116, kPageUpCharacter},      // keypad 9
-    {0xFF9B, 121, kPageDownCharacter},    // keypad 3
-    {0xFF9C, 119, kEndCharacter},         // keypad 1
-    {0xFF9E, 114, kInsertCharacter},      // keypad 0
-    {0xFF9F, 117, kDeleteCharacter},      // keypad decimal
-    {0xFFFF, 117, kDeleteCharacter},      // Delete
+    {0xFE20, kKeyTab, kBackTabCharacter},          // Shift-Tab
+    {0xFF08, kKeyBackspace, kBackspaceCharacter},  // Backspace
+    {0xFF09, kKeyTab, 0x09},                       // Tab
+    {0xFF0B, kKeypadClear, kClearCharacter},       // Clear
+    {0xFF0D, kKeyReturn, 0x0D},                    // Return
+    {0xFF1B, kKeyEscape, 0x1B},                    // Escape
+    {0xFF50, kKeyHome, kHomeCharacter},            // Home
+    {0xFF51, kKeyLeft, kLeftArrowCharacter},       // Left
+    {0xFF52, kKeyUp, kUpArrowCharacter},           // Up
+    {0xFF53, kKeyRight, kRightArrowCharacter},     // Right
+    {0xFF54, kKeyDown, kDownArrowCharacter},       // Down
+    {0xFF55, kKeyPageUp, kPageUpCharacter},        // Page Up
+    {0xFF56, kKeyPageDown, kPageDownCharacter},    // Page Down
+    {0xFF57, kKeyEnd, kEndCharacter},              // End
+    {0xFF63, kKeyInsert, kInsertCharacter},        // Insert
+    {0xFF6A, kKeyInsert, kHelpCharacter},          // Help
+    {0xFF8D, kKeypadEnter, 0x0D},                  // keypad Enter
+    {0xFF95, kKeyHome, kHomeCharacter},            // keypad 7
+    {0xFF96, kKeyLeft, kLeftArrowCharacter},       // keypad 4
+    {0xFF97, kKeyUp, kUpArrowCharacter},           // keypad 8
+    {0xFF98, kKeyRight, kRightArrowCharacter},     // keypad 6
+    {0xFF99, kKeyDown, kDownArrowCharacter},       // keypad 2
+    {0xFF9A, kKeyPageUp, kPageUpCharacter},        // keypad 9
+    {0xFF9B, kKeyPageDown, kPageDownCharacter},    // keypad 3
+    {0xFF9C, kKeyEnd, kEndCharacter},              // keypad 1
+    {0xFF9E, kKeyInsert, kInsertCharacter},        // keypad 0
+    {0xFF9F, kKeyDelete, kDeleteCharacter},        // keypad decimal
+    {0xFFFF, kKeyDelete, kDeleteCharacter},        // Delete
 };
 static_assert(std::ranges::is_sorted(kSpecialRows, {}, &SpecialRow::Symbol));
 
@@ -157,36 +161,38 @@ constexpr std::uint32_t kKeypadEnterSymbol = 0xFF8D;
 // F1 is the first; the symbols and the characters follow each other in the same order.
 constexpr std::uint32_t kF1Symbol = 0xFFBE;
 constexpr std::uint32_t kFunctionKeys = 35;
-constexpr std::int16_t kFunctionKeyCodes[] = {
-    122, 120, 99,  118, 96,  97,  98, 100, 101, 109,  // F1 to F10
-    103, 111, 105, 107, 113, 106, 64, 79,  80,  90,   // F11 to F20
+constexpr KeyCode kFunctionKeyCodes[] = {
+    kKeyF1,  kKeyF2,  kKeyF3,  kKeyF4,  kKeyF5,  kKeyF6,  kKeyF7,  kKeyF8,  kKeyF9,  kKeyF10,
+    kKeyF11, kKeyF12, kKeyF13, kKeyF14, kKeyF15, kKeyF16, kKeyF17, kKeyF18, kKeyF19, kKeyF20,
 };
 
 struct KeypadRow {
-    std::int16_t KeyCode;
+    platform::KeyCode KeyCode;
     char Character;
 };
 
 // What the keypad keys say while Control or Option is held, in either state of Num Lock.
+// clang-format off
 constexpr KeypadRow kKeypadRows[] = {
-    {65, '.'},  // decimal
-    {67, '*'},  // times
-    {69, '+'},  // plus
-    {75, '/'},  // divided by
-    {78, '-'},  // minus
-    {81, '='},  // equals
-    {82, '0'},  // the digit
-    {83, '1'},  // the digit
-    {84, '2'},  // the digit
-    {85, '3'},  // the digit
-    {86, '4'},  // the digit
-    {87, '5'},  // the digit
-    {88, '6'},  // the digit
-    {89, '7'},  // the digit
-    {91, '8'},  // the digit
-    {92, '9'},  // the digit
-    {95, ','},  // comma of a Japanese keypad
+    {kKeypadDecimal, '.'},
+    {kKeypadTimes, '*'},
+    {kKeypadPlus, '+'},
+    {kKeypadDivide, '/'},
+    {kKeypadMinus, '-'},
+    {kKeypadEqual, '='},
+    {kKeypad0, '0'},
+    {kKeypad1, '1'},
+    {kKeypad2, '2'},
+    {kKeypad3, '3'},
+    {kKeypad4, '4'},
+    {kKeypad5, '5'},
+    {kKeypad6, '6'},
+    {kKeypad7, '7'},
+    {kKeypad8, '8'},
+    {kKeypad9, '9'},
+    {kKeypadComma, ','},
 };
+// clang-format on
 
 struct ModifierRow {
     std::uint32_t Symbol;
@@ -241,16 +247,17 @@ std::optional<KeyPress> SpecialPress(const NativeKey& key) {
     const auto* const row =
         std::ranges::lower_bound(kSpecialRows, key.Symbol, {}, &SpecialRow::Symbol);
     if (row != std::end(kSpecialRows) && row->Symbol == key.Symbol) {
-        const bool tabBackwards =
-            row->KeyCode == 48 && (key.Flags & kShiftFlag) != 0;  // whatever the layout calls it
+        const bool tabBackwards = row->KeyCode == kKeyTab &&
+                                  (key.Flags & kShiftFlag) != 0;  // whatever the layout calls it
         const bool onKeypad = row->Symbol == kKeypadEnterSymbol;
         return Special(row->KeyCode, tabBackwards ? kBackTabCharacter : row->Character,
                        key.Flags | (onKeypad ? kNumericPadFlag : 0));
     }
     const std::uint32_t number = key.Symbol - kF1Symbol;
     if (number >= kFunctionKeys) return std::nullopt;
-    const std::int64_t keyCode =
-        number < std::size(kFunctionKeyCodes) ? kFunctionKeyCodes[number] : kNoKeyCode;
+    const std::int64_t keyCode = number < std::size(kFunctionKeyCodes)
+                                     ? std::int64_t{kFunctionKeyCodes[number]}
+                                     : kNoKeyCode;
     return Special(keyCode, kF1Character + number, key.Flags);
 }
 
