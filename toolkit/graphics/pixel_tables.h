@@ -7,7 +7,7 @@
 #include "platform/picture.h"
 #include "toolkit/core/bit_depths.h"
 #include "toolkit/core/palette.h"
-#include "toolkit/graphics/pixel_rows.h"
+#include "toolkit/graphics/pixel_converter.h"
 
 // What the pixel loops share: where the bytes of finished pixels come from, and vectors made when
 // the program is compiled.

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/picture.h"
-#include "toolkit/graphics/pixel_rows.h"
+#include "toolkit/graphics/pixel_converter.h"
 
 namespace toolkit {
 
