@@ -51,8 +51,7 @@ while IFS= read -r folder; do
 done < <(find platform toolkit -mindepth 1 -type d)
 
 # Rooms of a folder that need each other all the same: the first may include the second.
-pairs='platform/desktop/drawing_area platform/desktop/view_widget
-toolkit/graphics/pixel_rows toolkit/graphics/wide_pixels'
+pairs='platform/desktop/drawing_area platform/desktop/view_widget'
 
 # Which room includes which of its own folder, two names a line.
 neighbours() {
