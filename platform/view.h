@@ -52,6 +52,12 @@ class ViewClient {
     virtual void rightMouseDown(const MousePress& press) = 0;
     virtual void mouseUp() = 0;
     virtual void rightMouseUp() = 0;
+    /// The pointer moved over the view, or the held buttons changed; while one is held that was
+    /// pressed in the view, also outside of it. Comes after mouseDown and mouseUp. `Buttons` are
+    /// those that are held now.
+    virtual void pointerDidChange(const MousePress& /*pointer*/) {}
+    /// The pointer left the view.
+    virtual void pointerDidLeave() {}
 };
 
 /// One drawing area, child of a window.

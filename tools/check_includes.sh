@@ -21,6 +21,7 @@ toolkit/window    | ^(platform|toolkit/(core|font|window))/[a-z_0-9]+\.h$
 toolkit/text      | ^(platform|toolkit/(core|events|font|window|text))/[a-z_0-9]+\.h$
 toolkit/graphics  | ^(platform|toolkit/(core|events|font|window|text|graphics))/[a-z_0-9]+\.h$
 toolkit/input     | ^(platform|toolkit/(core|events|font|window|text|graphics|input))/[a-z_0-9]+\.h$
+toolkit/program   | ^(platform|toolkit/(core|events|font|window|text|graphics|input|program))/[a-z_0-9]+\.h$
 toolkit/start     | ^(platform|toolkit/[a-z]+)/[a-z_0-9]+\.h$
 game              | ^(game/.*|toolkit/toolkit\.h)$
 app               | .

@@ -4,6 +4,7 @@
 #include "toolkit/graphics/frame.h"
 #include "toolkit/input/keyboard.h"
 #include "toolkit/input/mouse.h"
+#include "toolkit/program/pointer.h"
 #include "toolkit/window/window.h"
 
 namespace toolkit {
@@ -46,6 +47,14 @@ void GraphicView::mouseUp() {
 
 void GraphicView::rightMouseUp() {
     mouseUp();
+}
+
+void GraphicView::pointerDidChange(const platform::MousePress& pointer) {
+    NotePointer(window_, pointer);
+}
+
+void GraphicView::pointerDidLeave() {
+    NotePointerLeft(window_);
 }
 
 }  // namespace toolkit

@@ -28,6 +28,8 @@ class GraphicView : public platform::ViewClient {
     void rightMouseDown(const platform::MousePress& press) override;
     void mouseUp() override;
     void rightMouseUp() override;
+    void pointerDidChange(const platform::MousePress& pointer) override;
+    void pointerDidLeave() override;
 
   protected:
     /// Builds the window's frame and shows it; without a frame the view keeps what it shows.

@@ -34,30 +34,6 @@ Components MixColors(int ink, const Components& foreground, const Components& ba
     return mixed;
 }
 
-// Pure greys go to the four greys of the palette by steps of brightness; every other colour to the
-// nearest palette colour, the lower number among equals.
-std::uint8_t NearestColor(const Components& mixed) {
-    if (mixed[0] == mixed[1] && mixed[1] == mixed[2]) {
-        constexpr std::uint8_t kGreys[] = {0, 5, 10, 15};
-        constexpr int kGreyStep = 192;
-        return kGreys[Sum(mixed) / kGreyStep];
-    }
-    std::uint8_t nearest = 0;
-    int best = 65'535;
-    for (std::uint8_t n = 0; n < 16; ++n) {
-        const Components palette = ComponentsOf(n);
-        int distance = 0;
-        for (std::size_t i = 0; i < mixed.size(); ++i) {
-            distance += (palette[i] - mixed[i]) * (palette[i] - mixed[i]);
-        }
-        if (distance < best) {
-            nearest = n;
-            best = distance;
-        }
-    }
-    return nearest;
-}
-
 template <typename Fill>
 void ForEachInk(std::uint8_t pair, const Fill& fill) {
     const Components foreground = ComponentsOf(pair >> 4U);
@@ -99,6 +75,29 @@ const Table& Kept(std::uint8_t pair) {
 }
 
 }  // namespace
+
+// The lower number among equals.
+std::uint8_t NearestColor(const std::array<int, 3>& color) {
+    if (color[0] == color[1] && color[1] == color[2]) {
+        constexpr std::uint8_t kGreys[] = {0, 5, 10, 15};
+        constexpr int kGreyStep = 192;
+        return kGreys[Sum(color) / kGreyStep];
+    }
+    std::uint8_t nearest = 0;
+    int best = 65'535;
+    for (std::uint8_t n = 0; n < 16; ++n) {
+        const Components palette = ComponentsOf(n);
+        int distance = 0;
+        for (std::size_t i = 0; i < color.size(); ++i) {
+            distance += (palette[i] - color[i]) * (palette[i] - color[i]);
+        }
+        if (distance < best) {
+            nearest = n;
+            best = distance;
+        }
+    }
+    return nearest;
+}
 
 const Blend& BlendOf(std::uint8_t pair) {
     return Kept<Blend>(pair);

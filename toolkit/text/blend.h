@@ -20,6 +20,10 @@ struct Blend {
 /// `pair` holds the foreground colour number in its high four bits, the background in its low four.
 [[nodiscard]] const Blend& BlendOf(std::uint8_t pair);
 
+/// The number of the palette color nearest to red, green, blue; pure greys go to the palette's four
+/// greys by their brightness.
+[[nodiscard]] std::uint8_t NearestColor(const std::array<int, 3>& color);
+
 /// The palette colours nearest to the mixed colours, as colour numbers.
 [[nodiscard]] const std::array<std::uint8_t, 256>& NearestColorsOf(std::uint8_t pair);
 
