@@ -77,7 +77,7 @@ void DrawBrickColumn(std::int64_t x) {
 }
 
 void Pause() {
-    if (Delay >= 1) t_Sleep(static_cast<double>(Delay) / 1000.0);
+    if (Delay >= 1) korvandi::Pause(Delay);
 }
 
 void CheckEscape() {

@@ -83,7 +83,7 @@ TEST_F(Ending, DoesNotWaitForTheProgramThread) {
     ExpectEnds("is being made", AskMainForEver, true);
     ExpectEnds("sleeps", [this] {
         QuitIn(5);
-        t_Sleep(600);
+        korvandi::Pause(600'000);
     });
     ExpectEnds("waits for a key", [this] {
         OpenWindow();

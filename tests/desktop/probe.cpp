@@ -187,7 +187,7 @@ constexpr CommandRow kCommands[] = {
     {"ask", When::After, Just<AskForEver>},
     {"play", When::After, Just<PlayForEver>},
     {"wait", When::After, [](auto& /*line*/) { static_cast<void>(t_WaitKey(0)); }},
-    {"sleep", When::After, [](auto& /*line*/) { t_Sleep(600); }},
+    {"sleep", When::After, [](auto& /*line*/) { korvandi::Pause(600'000); }},
     {"draw", When::After, Just<DrawForEver>},
     {"compute", When::After, Just<ComputeForEver>},
     {"dialog", When::After, Just<AnswerDialog>},

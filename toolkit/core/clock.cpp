@@ -45,12 +45,12 @@ void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done) 
     }
 }
 
-}  // namespace toolkit
-
-void t_Sleep(double seconds) {
+void SleepSeconds(double seconds) {
     if (!(seconds > 0)) return;
-    const std::int64_t whole = toolkit::Truncated(seconds);
-    const std::int64_t fraction = toolkit::Truncated((seconds - static_cast<double>(whole)) * 1e9);
+    const std::int64_t whole = Truncated(seconds);
+    const std::int64_t fraction = Truncated((seconds - static_cast<double>(whole)) * 1e9);
     platform::Current().Clock->Sleep(std::chrono::seconds(std::min(whole, kLongestSleep)) +
                                      std::chrono::nanoseconds(fraction));
 }
+
+}  // namespace toolkit

@@ -6,9 +6,6 @@
 // The one clock of all times in records: the platform's absolute time, which never steps back. Any
 // thread.
 
-/// Blocks the calling thread for so many seconds, in whole nanoseconds; not at all for 0 or less.
-void t_Sleep(double seconds);
-
 namespace toolkit {
 
 /// Whole milliseconds, truncated.
@@ -30,5 +27,8 @@ void WaitMilliseconds(std::int64_t duration, const std::function<bool()>& done =
 
 /// Has those who wait for `done` look at it.
 void WakeSleepers();
+
+/// Blocks the calling thread for so many seconds, in whole nanoseconds; not at all for 0 or less.
+void SleepSeconds(double seconds);
 
 }  // namespace toolkit

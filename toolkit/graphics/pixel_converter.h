@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "platform/picture.h"
+
 namespace toolkit {
 
 /// A loop over `count` pixels at `source`, bytes that other threads may be writing, and the 4-byte
@@ -13,5 +15,9 @@ struct PixelConverter {
     PixelLoop Convert = nullptr;  // writes the pixels; false
     PixelLoop Differs = nullptr;  // writes nothing; whether one of the pixels is not there yet
 };
+
+/// A converter by vectors of at most 16 bytes; an empty one for a depth that there is not. What the
+/// larger vectors leave of a row is left to it.
+[[nodiscard]] PixelConverter NarrowConverterFor(std::int64_t bitDepth, platform::PixelOrder order);
 
 }  // namespace toolkit

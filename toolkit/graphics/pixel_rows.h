@@ -11,7 +11,4 @@ namespace toolkit {
 /// 16, 24 and 32.
 [[nodiscard]] PixelConverter ConverterFor(std::int64_t bitDepth, platform::PixelOrder order);
 
-/// The same, by vectors of at most 16 bytes.
-[[nodiscard]] PixelConverter NarrowConverterFor(std::int64_t bitDepth, platform::PixelOrder order);
-
 }  // namespace toolkit

@@ -4,21 +4,9 @@
 
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
-#include "toolkit/events/event_queue.h"
 #include "toolkit/input/menu_bar.h"
 #include "toolkit/input/menu_events.h"
 #include "toolkit/program/menu_choices.h"
-
-namespace toolkit {
-
-constinit Shared<bool> menuChoicePending;
-
-EventQueue<korvandi::MenuItemNumber>& MenuChoices() {
-    static auto* const choices = new EventQueue<korvandi::MenuItemNumber>(menuChoicePending);
-    return *choices;
-}
-
-}  // namespace toolkit
 
 namespace korvandi {
 
