@@ -14,7 +14,7 @@ namespace toolkit {
 inline constexpr int kBitDepths[] = {1, 4, 8, 16, 24, 32};
 
 [[nodiscard]] constexpr bool IsBitDepth(std::int64_t number) {
-    return std::ranges::find(kBitDepths, number) != std::end(kBitDepths);
+    return std::find(std::begin(kBitDepths), std::end(kBitDepths), number) != std::end(kBitDepths);
 }
 
 /// Whether the first byte of a pixel keeps what it holds when something is drawn.

@@ -147,14 +147,14 @@ KORVANDI_SHUFFLES inline Bytes16 FourPixels(const Bytes16* vectors, std::index_s
 template <int BitDepth, PixelOrder Order, typename Use>
 KORVANDI_SHUFFLES bool Shuffled(const std::uint8_t* source, std::uint8_t* pixels,
                                 std::int64_t count) {
-    constexpr int kBytes = BitDepth / 8;
+    constexpr std::ptrdiff_t kBytes = BitDepth / 8;
     if (reinterpret_cast<std::uintptr_t>(source) % kVector != 0) {
         return Plain<BitDepth, Order, Use>(source, pixels, count);
     }
     constexpr auto kAll = std::make_index_sequence<kVector>();
     for (; count >= 16; count -= 16, source += 16 * kBytes, pixels += 64) {
         Bytes16 vectors[kBytes];
-        for (int i = 0; i < kBytes; ++i) vectors[i] = Load16(source + std::ptrdiff_t{16} * i);
+        for (std::ptrdiff_t i = 0; i < kBytes; ++i) vectors[i] = Load16(source + 16 * i);
         const Bytes16 finished[] = {FourPixels<BitDepth, Order, 0>(vectors, kAll),
                                     FourPixels<BitDepth, Order, 1>(vectors, kAll),
                                     FourPixels<BitDepth, Order, 2>(vectors, kAll),

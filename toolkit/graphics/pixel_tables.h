@@ -82,15 +82,18 @@ const auto& MemoryAt(const std::uint8_t* at) {
 
 /// What Maker::Make<BitDepth, Order>() makes for a bit depth and an order; an empty converter for a
 /// number that is no bit depth.
+template <typename Maker, platform::PixelOrder Order>
+PixelConverter ConverterBy(std::int64_t bitDepth) {
+    PixelConverter converter;
+    WithBitDepth(bitDepth, [&](auto depth) { converter = Maker::template Make<depth(), Order>(); });
+    return converter;
+}
+
 template <typename Maker>
 PixelConverter ConverterBy(std::int64_t bitDepth, platform::PixelOrder order) {
     using enum platform::PixelOrder;
-    PixelConverter converter;
-    WithBitDepth(bitDepth, [&](auto depth) {
-        converter = order == AlphaRedGreenBlue ? Maker::template Make<depth(), AlphaRedGreenBlue>()
-                                               : Maker::template Make<depth(), BlueGreenRedAlpha>();
-    });
-    return converter;
+    return order == AlphaRedGreenBlue ? ConverterBy<Maker, AlphaRedGreenBlue>(bitDepth)
+                                      : ConverterBy<Maker, BlueGreenRedAlpha>(bitDepth);
 }
 
 }  // namespace toolkit
