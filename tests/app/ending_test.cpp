@@ -90,6 +90,9 @@ TEST_F(Ending, DoesNotWaitForTheProgramThread) {
         QuitIn(5);
         static_cast<void>(t_WaitKey(0));
     });
+}
+
+TEST_F(Ending, DoesNotWaitForAProgramThatAsksTheMainThread) {
     ExpectEnds("asks the main thread again and again", [this] {
         QuitIn(2);
         AskMainForEver();
@@ -101,6 +104,16 @@ TEST_F(Ending, DoesNotWaitForTheProgramThread) {
         });
         platform::RunOnMain([] {});
     });
+    ExpectEnds("hears it twice", [this] {
+        platform::PostToMain([this] {
+            desktop.Terminate();
+            desktop.Terminate();
+        });
+        AskMainForEver();
+    });
+}
+
+TEST_F(Ending, ComesTooWhenTheProgramHasEndedOrHidItsWindows) {
     ExpectEnds("has ended", [this] {
         OpenWindow();
         QuitIn(250);  // after the closing message
@@ -114,13 +127,6 @@ TEST_F(Ending, DoesNotWaitForTheProgramThread) {
     });
     ExpectEnds("quits on the main thread", [] {
         platform::PostToMain([] { t_QuitProgram(0); });
-        AskMainForEver();
-    });
-    ExpectEnds("hears it twice", [this] {
-        platform::PostToMain([this] {
-            desktop.Terminate();
-            desktop.Terminate();
-        });
         AskMainForEver();
     });
 }

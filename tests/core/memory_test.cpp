@@ -21,12 +21,33 @@ class MemoryRuns : public ToolkitTest {
     }
 };
 
+constexpr std::int64_t kArea = 20'000;
+
+// Whether of the area at `base` the pieces of a run changed since then, and no others.
+bool CountsAsChanged(toolkit::Moment since, std::int64_t base, std::int64_t address,
+                     std::int64_t count) {
+    for (std::int64_t piece = base; piece < base + kArea; piece += toolkit::kMarkedPiece) {
+        const std::int64_t first = piece - piece % toolkit::kMarkedPiece;
+        const bool changed = address < first + toolkit::kMarkedPiece && address + count > first;
+        if (toolkit::ChangedSince(since, piece, 1) != changed) return false;
+    }
+    return true;
+}
+
+// Whether a run and what lies around it, read in one piece, are as in the model.
+bool HoldsAround(const Bytes& model, std::int64_t address, std::int64_t count) {
+    constexpr std::int64_t kMargin = 32;
+    const std::int64_t from = std::max<std::int64_t>(address - kMargin, 0);
+    const std::int64_t to = std::min(address + count + kMargin, t_Memory.size());
+    Bytes seen(static_cast<std::size_t>(to - from));
+    return toolkit::ReadRun(from, seen) &&
+           std::ranges::equal(seen, std::span(model.data() + from, seen.size()));
+}
+
 }  // namespace
 
 TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
     // Places close together, so that runs overlap; at both ends of the memory and in its middle.
-    constexpr std::int64_t kArea = 20'000;
-    constexpr std::int64_t kMargin = 32;
     const std::int64_t bases[] = {0, 0x7F'FFFB, t_Memory.size() - kArea};
     Random random;
     Bytes model(static_cast<std::size_t>(t_Memory.size()), 255);
@@ -59,20 +80,9 @@ TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
                 const Bytes copy(model.data() + other, model.data() + other + count);
                 std::ranges::copy(copy, at);
         }
-        // Its pieces count as changed, and no others.
         const toolkit::Moment before = std::exchange(taken, toolkit::TakeMarks(base, kArea));
-        for (std::int64_t piece = base; piece < base + kArea; piece += toolkit::kMarkedPiece) {
-            const std::int64_t first = piece - piece % toolkit::kMarkedPiece;
-            ASSERT_EQ(toolkit::ChangedSince(before, piece, 1),
-                      address < first + toolkit::kMarkedPiece && address + count > first);
-        }
-        // The run and what lies around it, read in one piece.
-        const std::int64_t from = std::max<std::int64_t>(address - kMargin, 0);
-        const std::int64_t to = std::min(address + count + kMargin, t_Memory.size());
-        Bytes seen(static_cast<std::size_t>(to - from));
-        ASSERT_TRUE(toolkit::ReadRun(from, seen));
-        ASSERT_TRUE(std::ranges::equal(seen, std::span(model.data() + from, seen.size())))
-            << "step " << step << ": run at " << address << ", " << count << " bytes";
+        ASSERT_TRUE(CountsAsChanged(before, base, address, count));
+        ASSERT_TRUE(HoldsAround(model, address, count)) << address << ", " << count << " bytes";
     }
     EXPECT_TRUE(MemoryIs(model));
 }

@@ -51,6 +51,21 @@ class Zoom : public Desktop {
             .substr(40);
     }
 
+    // In a window at 150 % whose content begins at (left, top) on the screen.
+    void ExpectClicksInLargerWindow(int left, int top) {
+        struct Row {
+            int X;  // from the upper left of the content
+            int Y;
+            const char* Heard;
+        };
+        for (const Row& row :
+             {Row{24, 24, "X = 0, Y = 0"}, Row{174, 99, "X = 100, Y = 50"},
+              Row{23, 24, "X = -1, Y = 0"}, Row{24, 23, "X = 0, Y = -1"},
+              Row{503, 503, "X = 319, Y = 319"}, Row{504, 504, "X = -2, Y = -2"}}) {
+            EXPECT_EQ(ClickAt(left + row.X, top + row.Y), row.Heard);
+        }
+    }
+
     // In a window that is much wider than its picture; the border begins below the menus.
     [[nodiscard]] bool CentresThePicture(const std::string& window) {
         return Eventually([&] {
@@ -90,16 +105,7 @@ TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     const Place at = PlaceOf(window);
     EXPECT_NEAR(2 * at.X + at.Width, 1600, 4) << "about the same centre";
     EXPECT_EQ(Codes(), codes);
-    struct Row {
-        int X;  // from the upper left of the content on the screen
-        int Y;
-        const char* Heard;
-    };
-    for (const Row& row : {Row{24, 24, "X = 0, Y = 0"}, Row{174, 99, "X = 100, Y = 50"},
-                           Row{23, 24, "X = -1, Y = 0"}, Row{24, 23, "X = 0, Y = -1"},
-                           Row{503, 503, "X = 319, Y = 319"}, Row{504, 504, "X = -2, Y = -2"}}) {
-        EXPECT_EQ(ClickAt(at.X + row.X, at.Y + menus + row.Y), row.Heard);
-    }
+    ExpectClicksInLargerWindow(at.X, at.Y + menus);
     // The preferences still show 100 %; choosing that is a choice all the same.
     screen.Press("ctrl+shift+e");
     static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Einstellungen")));

@@ -84,6 +84,28 @@ std::int64_t PointsOfColor(std::int64_t color) {
     return points;
 }
 
+// In the pause of a frame the ball is put at (X, Y), on its way to (NewX, NewY); in the pause
+// of the next frame it has arrived and aims at NextY.
+struct MeetingRow {
+    std::int64_t X, Y, NewX, NewY, DX, DY, From;
+    std::int64_t EndX, NextY, EndDX, EndDY, EndFrom, Points;
+};
+constexpr MeetingRow kMeetings[] = {
+    {10, 60, 9, 61, -1, 1, 1, /**/ 9, 62, -1, 1, 1, 0},        // free
+    {38, 30, 40, 33, 2, 3, 1, /**/ 38, 36, -2, 3, 0, 0},       // right wall
+    {25, 90, 27, 90, 1, 0, 0, /**/ 27, 90, 1, 0, 0, 0},        // between bricks
+    {25, 21, 26, 22, 2, 1, 1, /**/ 26, 23, -2, 1, 1, 4},       // brick from the front
+    {29, 90, 28, 93, -2, 3, 1, /**/ 28, 96, -2, 3, 1, 5},      // sent to the paddle all the same
+    {36, 60, 34, 63, -2, 3, 0, /**/ 34, 66, 2, 3, 0, 8},       // brick from behind
+    {18, 0, 20, 5, 2, 5, 0, /**/ 20, 10, -2, 5, 0, 1},         // behind the wall both ways
+    {18, 2, 17, 0, -1, -2, 1, /**/ 17, 0, -1, 2, 1, 0},        // upper edge
+    {16, 1, 15, 1, -1, -1, 1, /**/ 15, 0, -1, -1, 1, 0},       // not yet
+    {16, 115, 15, 118, -1, 3, 1, /**/ 15, 118, -1, -3, 1, 0},  // lower edge
+    {16, 115, 15, 119, -1, 1, 1, /**/ 15, 119, -1, -1, 1, 0},
+    {16, 115, 15, 118, -1, 1, 1, /**/ 15, 119, -1, 1, 1, 0},
+    {12, 60, 10, 60, -2, 0, 0, /**/ 10, 60, -2, 0, 0, 0},  // the paddle comes to the middle
+};
+
 }  // namespace
 
 TEST_F(Game, DrawsFieldWallAndScoreLine) {
@@ -135,31 +157,10 @@ TEST_F(Game, ThePaddleAlwaysCoversTheBall) {
 }
 
 TEST_F(Game, TheBallObeysWhatItMeets) {
-    // In the pause of a frame the ball is put at (X, Y), on its way to (NewX, NewY); in the pause
-    // of the next frame it has arrived and aims at NextY.
-    struct Row {
-        std::int64_t X, Y, NewX, NewY, DX, DY, From;
-        std::int64_t EndX, NextY, EndDX, EndDY, EndFrom, Points;
-    };
-    constexpr Row kRows[] = {
-        {10, 60, 9, 61, -1, 1, 1, /**/ 9, 62, -1, 1, 1, 0},    // free
-        {38, 30, 40, 33, 2, 3, 1, /**/ 38, 36, -2, 3, 0, 0},   // right wall
-        {25, 90, 27, 90, 1, 0, 0, /**/ 27, 90, 1, 0, 0, 0},    // between bricks
-        {25, 21, 26, 22, 2, 1, 1, /**/ 26, 23, -2, 1, 1, 4},   // brick from the front
-        {29, 90, 28, 93, -2, 3, 1, /**/ 28, 96, -2, 3, 1, 5},  // sent to the paddle all the same
-        {36, 60, 34, 63, -2, 3, 0, /**/ 34, 66, 2, 3, 0, 8},   // brick from behind
-        {18, 0, 20, 5, 2, 5, 0, /**/ 20, 10, -2, 5, 0, 1},     // behind the wall both ways
-        {18, 2, 17, 0, -1, -2, 1, /**/ 17, 0, -1, 2, 1, 0},    // upper edge
-        {16, 1, 15, 1, -1, -1, 1, /**/ 15, 0, -1, -1, 1, 0},   // not yet
-        {16, 115, 15, 118, -1, 3, 1, /**/ 15, 118, -1, -3, 1, 0},  // lower edge
-        {16, 115, 15, 119, -1, 1, 1, /**/ 15, 119, -1, -1, 1, 0},
-        {16, 115, 15, 118, -1, 1, 1, /**/ 15, 119, -1, 1, 1, 0},
-        {12, 60, 10, 60, -2, 0, 0, /**/ 10, 60, -2, 0, 0, 0},  // the paddle comes to the middle
-    };
     std::int64_t frame = 0;
     std::int64_t score = 0;
-    Row row{};
-    const auto put = [&](const Row& next) {
+    MeetingRow row{};
+    const auto put = [&](const MeetingRow& next) {
         t_Color(0, 2);
         if (BallX != 0) t_Plot(0, BallX, BallY / 3);  // the ball leaves its place without a step
         row = next;
@@ -179,9 +180,9 @@ TEST_F(Game, TheBallObeysWhatItMeets) {
             EXPECT_EQ(Standing(), 720 - score);
             EXPECT_TRUE(Line(25).starts_with("Punkte= " + std::to_string(score) + " "));
         }
-        const std::int64_t part = frame++ - std::ssize(kRows);
+        const std::int64_t part = frame++ - std::ssize(kMeetings);
         if (part < 0) {
-            put(kRows[frame - 1]);
+            put(kMeetings[frame - 1]);
         } else if (part < 6) {  // the six rows of the paddle
             const std::int64_t y = 3 * (PaddleOldY + part);
             const std::int64_t dy = 2 * part - 5;

@@ -60,6 +60,22 @@ Picture Expected(const t_Window& w, PixelOrder order) {
     return picture;
 }
 
+// That a picture, up to now equal to `before`, follows a change of the window's memory.
+void ExpectFollowed(const t_Window& w, const Picture& before, Picture& picture) {
+    Picture other = before;  // as good as the first one until that is filled again
+    const platform::Rows changed = t_WindowImage(0, picture).value();
+    ASSERT_EQ(picture, Expected(w, picture.Order));
+    EXPECT_NE(changed, platform::Rows{});
+    EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
+    EXPECT_EQ(t_WindowImage(0, other), changed);
+    EXPECT_EQ(other, picture);
+    EXPECT_NE(before, picture);
+    picture.Order = PixelOrder::BlueGreenRedAlpha;
+    EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+    picture.Order = PixelOrder::AlphaRedGreenBlue;
+    EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+}
+
 }  // namespace
 
 TEST(Palette, HoldsTheSixteenColors) {
@@ -219,21 +235,15 @@ TEST_F(Frames, FollowEveryWayToWriteAndLookAtNothingElse) {
     for (const auto& write : writes) {
         SCOPED_TRACE(&write - writes);
         const Picture before = picture;
-        Picture other = picture;  // as good as the first one until that is filled again
         write();
-        const platform::Rows changed = t_WindowImage(0, picture).value();
-        ASSERT_EQ(picture, Expected(w, picture.Order));
-        EXPECT_NE(changed, platform::Rows{});
-        EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
-        EXPECT_EQ(t_WindowImage(0, other), changed);
-        EXPECT_EQ(other, picture);
-        EXPECT_NE(before, picture);
-        picture.Order = PixelOrder::BlueGreenRedAlpha;
-        EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
-        picture.Order = PixelOrder::AlphaRedGreenBlue;
-        EXPECT_NE(t_WindowImage(0, picture), platform::Rows{});
+        ExpectFollowed(w, before, picture);
     }
-    // Without a mark nothing is seen, until a program says that it writes so.
+}
+
+TEST_F(Frames, SeeNothingWithoutAMarkUntilAProgramSaysThatItWritesSo) {
+    const std::int64_t far = w.MemoryStart + 100;
+    Picture picture;
+    ASSERT_TRUE(t_WindowImage(0, picture));
     const_cast<std::uint8_t*>(t_Memory.data())[far] ^= 1;
     EXPECT_EQ(t_WindowImage(0, picture), platform::Rows{});
     t_Memory.DataForWriting()[far] ^= 3;

@@ -22,6 +22,37 @@ std::int64_t AnyKey(Random& random) {
     return kind < 8 ? random.Between('0', '9') : random.Between(-3, 300);
 }
 
+// Shows a field somewhere in the window and gives its model.
+FieldModel AnyField(Random& random, t_Window& w, std::uint8_t color) {
+    w.TextFirstColumn = random.Between(1, 6);
+    w.TextLastColumn = random.Between(w.TextFirstColumn + 3, 20);
+    w.TextVpos = random.Between(1, 3);
+    w.TextHpos = random.Between(w.TextFirstColumn, w.TextLastColumn - 2);
+    w.TextColor = color;
+    t_ClearEndOfLine(0);
+
+    FieldModel field;
+    field.Mode = random.Between(0, 5);
+    const std::int64_t maximum = random.Between(0, 20);
+    const std::string preset = maximum > 0 && random.Coin() ? "7" : "";
+    t_InputForm(0, ">", preset, true, field.Mode, maximum);
+    field.Most = static_cast<std::size_t>(
+        std::clamp<std::int64_t>(w.TextLastColumn - w.InputHpos, 0, maximum));
+    field.Content.assign(preset.begin(), preset.end());
+    field.Cursor = preset.size();
+    return field;
+}
+
+// What may be typed after the key that asks for a character's number.
+std::string AnyDigits(Random& random) {
+    std::string digits;
+    while (digits.size() < 3) {
+        const bool digit = digits.empty() || random.Between(0, 3) > 0;
+        digits += static_cast<char>(digit ? random.Between('0', '9') : 'x');
+    }
+    return digits;
+}
+
 // How a character of the field looks in ScreenText.
 char Shown(char32_t c) {
     if (c > 255) return '?';
@@ -35,33 +66,13 @@ TEST_F(LineEditorModel, AgreesAfterEveryKey) {
     Open(0, 24, 20, 3);
     t_Window& w = t_Windows[0];
     for (int sequence = 0; sequence < 600; ++sequence) {
-        w.TextFirstColumn = random.Between(1, 6);
-        w.TextLastColumn = random.Between(w.TextFirstColumn + 3, 20);
-        w.TextVpos = random.Between(1, 3);
-        w.TextHpos = random.Between(w.TextFirstColumn, w.TextLastColumn - 2);
-        w.TextColor = random.Byte();
-        const std::uint8_t color = w.TextColor;
-        t_ClearEndOfLine(0);
-
-        FieldModel field;
-        field.Mode = random.Between(0, 5);
-        const std::int64_t maximum = random.Between(0, 20);
-        const std::string preset = maximum > 0 && random.Coin() ? "7" : "";
-        t_InputForm(0, ">", preset, true, field.Mode, maximum);
-        field.Most = static_cast<std::size_t>(
-            std::clamp<std::int64_t>(w.TextLastColumn - w.InputHpos, 0, maximum));
-        field.Content.assign(preset.begin(), preset.end());
-        field.Cursor = preset.size();
-
+        const std::uint8_t color = random.Byte();
+        FieldModel field = AnyField(random, w, color);
         std::string screen = ScreenText(0);
         const auto start = (w.InputVpos - 1) * 21 + w.InputHpos - 1;  // of the field in it
         for (std::int64_t keys = random.Between(1, 60); keys > 0; --keys) {
             const std::int64_t key = AnyKey(random);
-            std::string digits;
-            while (key == 30 && digits.size() < 3) {
-                const bool digit = digits.empty() || random.Between(0, 3) > 0;
-                digits += static_cast<char>(digit ? random.Between('0', '9') : 'x');
-            }
+            const std::string digits = key == 30 ? AnyDigits(random) : "";
             t_EventQueue.Clear();
             Type(digits);
             std::fill_n(screen.begin() + start, field.Content.size(), ' ');

@@ -27,44 +27,46 @@ class LineEditor : public WindowTest {
     t_Window& w = t_Windows[0];
 };
 
+struct FormRow {
+    std::int64_t Mode, Maximum;
+    std::string Preset, Keys, Result;
+};
+// ^ stands for Control-^.
+const FormRow kForms[] = {
+    {2, 5, "50", "1\r", "501"},
+    {2, 3, "123456", "\r", "123"},
+    {0, 3, "äöüß", "\r", "äöü"},
+    {0, 0, "abc", "x\r", ""},
+    {0, -5, "abc", "x\r", ""},
+    {0, 20, "", "123456789012345\r", "12345678901"},  // the last column stays free
+    {0, 9, "abc", "x\x1By", ""},
+    {2, 9, "", "-12\r", "-12"},
+    {2, 9, "", "1-2,.e \r", "12"},
+    {4, 9, "", "-12\r", "12"},
+    {4, 9, "", "1-2-3\r", "1-23"},
+    {3, 9, "", "1.5E-3\r", "1,5e-3"},
+    {3, 9, "", "-1.5,2-e-e.xÄ\r", "-1,52e-"},
+    {7, 9, "", "Ä€\x01~\r", "~Ä€"},
+    {0, 9, "ab", "\x02\x7F\r", "ab"},
+    {0, 9, "ab", "\x07\r", "ab"},
+    {0, 9, "ab", "\x15\x08x\x09\x17\x1D\r", "axb"},
+    {0, 9, "ab cd", "\x02\x04|\x04|\r", "ab |cd|"},  // word right
+    {0, 9, "ab cd", "\x13|\x13\x13|\r", "|ab |cd"},  // word left
+    {0, 9, "", "^65q\r", "A"},                       // and the letter is used up
+    {0, 9, "", "^228\r", "ä"},
+    {0, 9, "", "^007^31q^256^999\r", ""},
+    {1, 9, "", "^007^0q^000^256\r", "\x07"},
+    {1, 9, "", "^9q\r", "\x09"},
+    {0, 9, "", "^q65\r", "65"},
+};
+
 }  // namespace
 
 TEST_F(LineEditor, KeysMakeTheText) {
-    struct Row {
-        std::int64_t Mode, Maximum;
-        std::string Preset, Keys, Result;
-    };
-    const Row rows[] = {
-        {2, 5, "50", "1\r", "501"},
-        {2, 3, "123456", "\r", "123"},
-        {0, 3, "äöüß", "\r", "äöü"},
-        {0, 0, "abc", "x\r", ""},
-        {0, -5, "abc", "x\r", ""},
-        {0, 20, "", "123456789012345\r", "12345678901"},  // the last column stays free
-        {0, 9, "abc", "x\x1By", ""},
-        {2, 9, "", "-12\r", "-12"},
-        {2, 9, "", "1-2,.e \r", "12"},
-        {4, 9, "", "-12\r", "12"},
-        {4, 9, "", "1-2-3\r", "1-23"},
-        {3, 9, "", "1.5E-3\r", "1,5e-3"},
-        {3, 9, "", "-1.5,2-e-e.xÄ\r", "-1,52e-"},
-        {7, 9, "", "Ä€\x01~\r", "~Ä€"},
-        {0, 9, "ab", "\x02\x7F\r", "ab"},
-        {0, 9, "ab", "\x07\r", "ab"},
-        {0, 9, "ab", "\x15\x08x\x09\x17\x1D\r", "axb"},
-        {0, 9, "ab cd", "\x02\x04|\x04|\r", "ab |cd|"},  // word right
-        {0, 9, "ab cd", "\x13|\x13\x13|\r", "|ab |cd"},  // word left
-        {0, 9, "", "^65q\r", "A"},                       // and the letter is used up
-        {0, 9, "", "^228\r", "ä"},
-        {0, 9, "", "^007^31q^256^999\r", ""},
-        {1, 9, "", "^007^0q^000^256\r", "\x07"},
-        {1, 9, "", "^9q\r", "\x09"},
-        {0, 9, "", "^q65\r", "65"},
-    };
-    for (const Row& row : rows) {
+    for (const FormRow& row : kForms) {
         t_CursorHome(0);
         std::string keys = row.Keys;
-        std::ranges::replace(keys, '^', '\x1E');  // Control-^
+        std::ranges::replace(keys, '^', '\x1E');
         Type(keys);
         EXPECT_EQ(t_InputForm(0, "", row.Preset, false, row.Mode, row.Maximum), row.Result);
         EXPECT_EQ(w.InputFinished, keys.back() == '\r');

@@ -16,6 +16,10 @@ t_Font FontOf(std::int64_t width, std::int64_t height) {
     return font;
 }
 
+void Set(std::int64_t value, std::initializer_list<toolkit::Shared<std::int64_t>*> fields) {
+    for (toolkit::Shared<std::int64_t>* const field : fields) *field = value;
+}
+
 class InitWindow : public ToolkitTest {
   protected:
     InitWindow() {
@@ -63,23 +67,18 @@ TEST_F(InitWindow, HandsOutTheDemosBlocks) {
 
 TEST_F(InitWindow, FillsInTheRecordAndKeepsTheRest) {
     t_Window& w = t_Windows[1];
-    const auto set = [](std::int64_t value,
-                        std::initializer_list<toolkit::Shared<std::int64_t>*> fields) {
-        for (toolkit::Shared<std::int64_t>* const field : fields) *field = value;
-    };
     // What a set-up leaves as it is, and then what it does not.
     w.Visible = w.TextInverse = w.InputFinished = true;
     w.InputString = "7";
-    set(7, {&w.UpdateDuration, &w.TextDisplayMode, &w.TextCursorLevel, &w.TextRedirectOutput,
+    Set(7, {&w.UpdateDuration, &w.TextDisplayMode, &w.TextCursorLevel, &w.TextRedirectOutput,
             &w.InputMode, &w.InputHpos, &w.InputVpos, &w.InputCursorPos, &w.InputMaxCharacters});
     t_Window expected = w;
     w.IgnoreEvents = w.AutoUpdate = w.ScrollLock = true;
     w.VerticalBlank = false;
     w.TextColor = 1;
     w.RGBColor = t_RGBColor{1, 2, 3, 4};
-    set(99, {&w.UpdateStarted, &w.UpdateFinished, &w.RefreshRate, &w.DrawingMode, &w.PositionX,
+    Set(99, {&w.UpdateStarted, &w.UpdateFinished, &w.RefreshRate, &w.DrawingMode, &w.PositionX,
              &w.PositionY, &w.LoResOffsetX, &w.LoResOffsetY, &w.LoResMode});
-
     t_InitWindow(1, 8, false, 100, 50, 5, 6, TestFont(), true);
 
     expected.Initialized = expected.QuickUpdate = true;
@@ -96,9 +95,9 @@ TEST_F(InitWindow, FillsInTheRecordAndKeepsTheRest) {
     expected.MemoryStart = 0xFF'E400;
     expected.MemoryEnd = 0xFF'FFFF;
     expected.Font = TestFont();
-    set(12, {&expected.TextWidth, &expected.TextLastColumn});
-    set(6, {&expected.TextHeight, &expected.TextLastLine});
-    set(1, {&expected.TextFirstColumn, &expected.TextFirstLine, &expected.TextHpos,
+    Set(12, {&expected.TextWidth, &expected.TextLastColumn});
+    Set(6, {&expected.TextHeight, &expected.TextLastLine});
+    Set(1, {&expected.TextFirstColumn, &expected.TextFirstLine, &expected.TextHpos,
             &expected.TextVpos});
     expected.TextColor = 192;
     expected.TextMemoryStart = 0xFF'E000;
