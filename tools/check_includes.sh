@@ -9,10 +9,10 @@ cd "${1:-$(dirname "$0")/..}"
 
 # folder | what its files may include of ours, as an extended regular expression
 rules='
-platform          | ^platform/[a-z_]+\.h$
-platform/headless | ^platform/([a-z_]+\.h|headless/.*)$
-platform/parts    | ^platform/([a-z_]+\.h|parts/.*)$
-platform/desktop  | ^platform/([a-z_]+\.h|(parts|desktop)/.*)$
+platform          | ^platform/[a-z_0-9]+\.h$
+platform/headless | ^platform/([a-z_0-9]+\.h|headless/.*)$
+platform/parts    | ^platform/([a-z_0-9]+\.h|parts/.*)$
+platform/desktop  | ^platform/([a-z_0-9]+\.h|(parts|desktop)/.*)$
 toolkit           | ^toolkit/[a-z]+/[a-z_0-9]+\.h$
 toolkit/core      | ^(platform|toolkit/core)/[a-z_0-9]+\.h$
 toolkit/events    | ^(platform|toolkit/(core|events))/[a-z_0-9]+\.h$

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "platform/key_codes.h"
+#include "platform/utf8.h"
 
 namespace platform::parts {
 
@@ -217,18 +218,12 @@ constexpr ModifierRow kModifierRows[] = {
     {0xFFEC, kCommandFlag},   // right Super
 };
 
-std::string Utf8(char32_t character) {
-    if (character < 0x80) return {static_cast<char>(character)};
-    // All special characters lie in the Basic Multilingual Plane above 0x7FF.
-    return {static_cast<char>(0xE0U | (character >> 12U)),
-            static_cast<char>(0x80U | ((character >> 6U) & 0x3FU)),
-            static_cast<char>(0x80U | (character & 0x3FU))};
-}
-
 KeyPress Special(std::int64_t keyCode, char32_t character, std::uint64_t flags) {
     constexpr char32_t kFirstFunctionCharacter = kUpArrowCharacter;
     if (character >= kFirstFunctionCharacter) flags |= kFnFlag;
-    return {keyCode, Utf8(character), flags};
+    KeyPress press{keyCode, {}, flags};
+    AppendUtf8(press.Characters, character);
+    return press;
 }
 
 std::int64_t CodeOfPosition(std::uint32_t scanCode) {

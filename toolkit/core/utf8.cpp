@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/utf8.h"
+
 namespace toolkit {
 
 namespace {
@@ -76,25 +78,7 @@ std::int64_t LengthInCharacters(std::string_view string) {
 }
 
 void AppendCharacter(std::string& string, std::int64_t code) {
-    const auto c = static_cast<char32_t>(IsScalar(code) ? code : 0);
-    const auto tail = [&](unsigned shift) {
-        string += static_cast<char>(0x80U | (c >> shift & 0x3FU));
-    };
-    if (c < 0x80) {
-        string += static_cast<char>(c);
-    } else if (c < 0x800) {
-        string += static_cast<char>(0xC0U | c >> 6U);
-        tail(0);
-    } else if (c < 0x1'0000) {
-        string += static_cast<char>(0xE0U | c >> 12U);
-        tail(6);
-        tail(0);
-    } else {
-        string += static_cast<char>(0xF0U | c >> 18U);
-        tail(12);
-        tail(6);
-        tail(0);
-    }
+    platform::AppendUtf8(string, static_cast<char32_t>(IsScalar(code) ? code : 0));
 }
 
 std::string CharacterString(std::int64_t code) {
