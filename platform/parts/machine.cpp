@@ -3,9 +3,10 @@
 #include <sys/prctl.h>
 #include <sys/random.h>
 
-#include <bit>
+#include <array>
 #include <cerrno>
 #include <ctime>
+#include <random>
 
 namespace platform::parts {
 
@@ -21,35 +22,12 @@ double Seconds(clockid_t clock) {
            static_cast<double>(time.tv_nsec) / kNanosecondsPerSecond;
 }
 
-/// xoshiro256**, a generator of David Blackman and Sebastiano Vigna (public domain).
-class Generator {
-  public:
-    Generator() {
-        std::size_t filled = 0;
-        auto* const bytes = reinterpret_cast<unsigned char*>(state_);
-        while (filled < sizeof state_) {
-            const ssize_t got = getrandom(bytes + filled, sizeof state_ - filled, 0);
-            if (got > 0) filled += static_cast<std::size_t>(got);
-            if (got < 0 && errno != EINTR) break;
-        }
-        state_[0] |= 1U;  // the state must not be zero throughout
-    }
-
-    std::uint64_t Next() {
-        const std::uint64_t result = std::rotl(state_[1] * 5, 7) * 9;
-        const std::uint64_t shifted = state_[1] << 17U;
-        state_[2] ^= state_[0];
-        state_[3] ^= state_[1];
-        state_[1] ^= state_[2];
-        state_[0] ^= state_[3];
-        state_[2] ^= shifted;
-        state_[3] = std::rotl(state_[3], 45);
-        return result;
-    }
-
-  private:
-    std::uint64_t state_[4] = {};
-};
+std::mt19937 SeededGenerator() {
+    std::array<std::uint32_t, 8> seed{};
+    while (getrandom(seed.data(), sizeof seed, 0) < 0 && errno == EINTR) continue;
+    std::seed_seq sequence(seed.begin(), seed.end());
+    return std::mt19937(sequence);
+}
 
 /// Lets the thread's pauses end so much later, together with whatever else wakes the machine.
 class Slack {
@@ -108,8 +86,8 @@ void MachineClock::Wake() {
 }
 
 std::uint32_t MachineRandomness::Next() {
-    thread_local Generator generator;
-    return static_cast<std::uint32_t>(generator.Next() >> 32U);
+    thread_local std::mt19937 generator = SeededGenerator();
+    return static_cast<std::uint32_t>(generator());
 }
 
 ProgramFolders::ProgramFolders(std::string_view applicationName)
