@@ -8,6 +8,7 @@
 #include "platform/desktop/clipboard_transfer.h"
 #include "platform/desktop/images.h"
 #include "platform/desktop/text.h"
+#include "platform/main_queue.h"
 
 namespace platform::desktop {
 
@@ -34,6 +35,7 @@ bool AskedBetterByUs(const QClipboard& clipboard) {
 }  // namespace
 
 std::optional<std::string> Clipboard::Text() {
+    ExpectMain(__func__);
     const QClipboard& clipboard = *QGuiApplication::clipboard();
     if (AskedBetterByUs(clipboard)) {
         const ClipboardAnswer answer = AskClipboardText(kMostText, kPatience);
@@ -46,14 +48,17 @@ std::optional<std::string> Clipboard::Text() {
 }
 
 void Clipboard::Clear() {
+    ExpectMain(__func__);
     QGuiApplication::clipboard()->clear();
 }
 
 void Clipboard::SetText(std::string_view text) {
+    ExpectMain(__func__);
     QGuiApplication::clipboard()->setText(ToQt(text));
 }
 
 void Clipboard::SetPicture(const Picture& picture) {
+    ExpectMain(__func__);
     const QImage image = ImageOf(picture);
     if (!image.isNull()) QGuiApplication::clipboard()->setImage(image);
 }

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "platform/pasteboard.h"
+#include "platform/picture.h"
 
 namespace platform::desktop {
 

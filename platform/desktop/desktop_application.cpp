@@ -127,6 +127,7 @@ DesktopApplication::DesktopApplication(Desk& desk) : desk_(desk) {
 }
 
 void DesktopApplication::Run(ApplicationClient& client) {
+    ExpectMain(__func__);
     desk_.Client = &client;
     on_exit(EndAtExit, &desk_);
     desk_.Above.Changed = [this] { TellOfTitleBar(desk_); };
@@ -157,11 +158,13 @@ void DesktopApplication::Terminate() {
 }
 
 void DesktopApplication::TerminateNow() {
+    ExpectMain(__func__);
     AskForEnd();
     End(desk_);
 }
 
 void DesktopApplication::Serve(std::chrono::nanoseconds duration) {
+    ExpectMain(__func__);
     QEventLoop loop;
     const auto whole = std::chrono::ceil<std::chrono::milliseconds>(duration);
     QTimer::singleShot(std::max(whole, std::chrono::milliseconds(0)), &loop, &QEventLoop::quit);
@@ -169,6 +172,7 @@ void DesktopApplication::Serve(std::chrono::nanoseconds duration) {
 }
 
 Window* DesktopApplication::ActiveWindow() {
+    ExpectMain(__func__);
     if (QGuiApplication::applicationState() != Qt::ApplicationActive) return nullptr;
     return HostWindow::LastActive();
 }

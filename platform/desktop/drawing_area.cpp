@@ -8,6 +8,7 @@
 #include "platform/desktop/host_window.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/view_widget.h"
+#include "platform/main_queue.h"
 
 namespace platform::desktop {
 
@@ -39,6 +40,7 @@ DrawingArea::DrawingArea(platform::desktop::HostWindow& window, ViewClient& clie
 // The pass comes before the paint event and not with it: only so can the event be one for the rows
 // that changed. A window that cannot be seen is asked when it is uncovered.
 void DrawingArea::SetNeedsDisplay() {
+    ExpectMain(__func__);
     needsDisplay_ = true;
     if (widget_ != nullptr && !std::exchange(passPosted_, true)) {
         QMetaObject::invokeMethod(
@@ -47,6 +49,7 @@ void DrawingArea::SetNeedsDisplay() {
 }
 
 void DrawingArea::Display() {
+    ExpectMain(__func__);
     needsDisplay_ = true;
     if (widget_ == nullptr || asking_) return;
     window_.WaitForExposure();
@@ -59,16 +62,24 @@ void DrawingArea::MakePass() {
 }
 
 Window* DrawingArea::HostWindow() {
+    ExpectMain(__func__);
     return &window_;
 }
 
+Rect DrawingArea::Frame() const {
+    ExpectMain(__func__);
+    return frame_;
+}
+
 void DrawingArea::SetFrameSize(double width, double height) {
+    ExpectMain(__func__);
     frame_.Width = width;
     frame_.Height = height;
     LayOut();
 }
 
 void DrawingArea::SetFrameOrigin(double x, double y) {
+    ExpectMain(__func__);
     frame_.X = x;
     frame_.Y = y;
     LayOut();
@@ -117,7 +128,13 @@ QRect DrawingArea::AskClient() {
     return changed_;
 }
 
+Picture& DrawingArea::Buffer() {
+    ExpectMain(__func__);
+    return picture_;
+}
+
 void DrawingArea::Show(const Rows& changed) {
+    ExpectMain(__func__);
     if (std::exchange(shown_, true) && changed == Rows{}) return;
     scaledIsOld_ = true;
     changed_ = PlaceOf(changed);

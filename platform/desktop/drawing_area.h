@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QtCore/QRect>
+#include <QtCore/QSize>
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
+#include "platform/geometry.h"
 #include "platform/parts/sharp_scale.h"
+#include "platform/picture.h"
 #include "platform/view.h"
 
 namespace platform::desktop {
@@ -19,7 +23,7 @@ class DrawingArea : public View, private Canvas {
     void SetNeedsDisplay() override;
     void Display() override;
     [[nodiscard]] Window* HostWindow() override;
-    [[nodiscard]] Rect Frame() const override { return frame_; }
+    [[nodiscard]] Rect Frame() const override;
     void SetFrameSize(double width, double height) override;
     void SetFrameOrigin(double x, double y) override;
 
@@ -36,7 +40,7 @@ class DrawingArea : public View, private Canvas {
     void Paint(QWidget& widget);
 
   private:
-    Picture& Buffer() override { return picture_; }
+    Picture& Buffer() override;
     void Show(const Rows& changed) override;
 
     void MakePass();

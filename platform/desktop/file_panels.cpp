@@ -15,6 +15,7 @@
 #include "platform/desktop/alert_box.h"
 #include "platform/desktop/file_columns.h"
 #include "platform/desktop/text.h"
+#include "platform/main_queue.h"
 
 namespace platform::desktop {
 
@@ -113,6 +114,7 @@ FilePanels::FilePanels() {
 }
 
 std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
+    ExpectMain(__func__);
     QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setFileMode(Mode(panel));
     dialog.setOption(QFileDialog::ShowDirsOnly, !panel.FilesAllowed);
@@ -124,6 +126,7 @@ std::vector<std::string> FilePanels::RunOpenPanel(const OpenPanel& panel) {
 }
 
 std::optional<std::string> FilePanels::RunSavePanel(const SavePanel& panel) {
+    ExpectMain(__func__);
     QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -151,6 +154,7 @@ std::vector<std::string> FilePanels::Run(QFileDialog& dialog) {
 }
 
 std::int64_t FilePanels::RunAlert(const Alert& alert) {
+    ExpectMain(__func__);
     return RunAlertBox(alert);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>

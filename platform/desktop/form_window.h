@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QtCore/QSize>
+#include <QtCore/QString>
 #include <QtCore/QTimer>
 #include <vector>
 
 #include "platform/desktop/host_window.h"
+#include "platform/window.h"
 
 class QVBoxLayout;
 

@@ -11,6 +11,7 @@
 #include "platform/desktop/desk.h"
 #include "platform/desktop/seam_rect.h"
 #include "platform/desktop/text.h"
+#include "platform/main_queue.h"
 #include "platform/platform.h"
 
 namespace platform::desktop {
@@ -46,15 +47,18 @@ HostWindow::HostWindow(Desk& desk, QString title, QSize content, Sizing sizing, 
 }
 
 Rect HostWindow::Frame() const {
+    ExpectMain(__func__);
     return ToSeam(FrameRect());
 }
 
 Rect HostWindow::ScreenFrame() const {
+    ExpectMain(__func__);
     const QScreen* const screen = widget_ != nullptr ? widget_->screen() : nullptr;
     return ToSeam((screen != nullptr ? screen : QGuiApplication::primaryScreen())->geometry());
 }
 
 void HostWindow::SetFrame(const Rect& frame) {
+    ExpectMain(__func__);
     // A window that was given a size but no place yet still gets its place when it is shown.
     const Rect before = Frame();
     everPlaced_ = everPlaced_ || frame.X != before.X || frame.Y != before.Y;
@@ -66,6 +70,7 @@ void HostWindow::SetFrame(const Rect& frame) {
 }
 
 void HostWindow::Center() {
+    ExpectMain(__func__);
     const QScreen* const screen = widget_ != nullptr ? widget_->screen() : nullptr;
     const QRect room =
         (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
@@ -78,15 +83,23 @@ void HostWindow::Center() {
     Place(frame.adjusted(0, HeightAbove(), 0, 0));
 }
 
+bool HostWindow::IsVisible() const {
+    ExpectMain(__func__);
+    return visible_;
+}
+
 void HostWindow::OrderFront() {
+    ExpectMain(__func__);
     Show(false);
 }
 
 void HostWindow::MakeKeyAndOrderFront() {
+    ExpectMain(__func__);
     Show(true);
 }
 
 void HostWindow::OrderOut() {
+    ExpectMain(__func__);
     if (!visible_) return;
     visible_ = false;
     if (lastActive == this) lastActive = nullptr;
@@ -96,11 +109,13 @@ void HostWindow::OrderOut() {
 }
 
 void HostWindow::SetTitle(std::string_view title) {
+    ExpectMain(__func__);
     title_ = ToQt(title);
     if (widget_ != nullptr) widget_->setWindowTitle(title_);
 }
 
 void HostWindow::SetStyleMask(std::int64_t mask) {
+    ExpectMain(__func__);
     const bool titled = mask != kBorderless;
     if (titled == titled_) return;
     const QRect frame = FrameRect();
@@ -118,6 +133,7 @@ void HostWindow::SetStyleMask(std::int64_t mask) {
 }
 
 void HostWindow::SetBackgroundColor(Color color) {
+    ExpectMain(__func__);
     background_ = color;
     ApplyBackground();
 }

@@ -6,9 +6,13 @@
 #include <QtCore/QTimer>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/desktop/host_widget.h"
+#include "platform/desktop/menu_strip.h"
+#include "platform/geometry.h"
+#include "platform/picture.h"
 #include "platform/window.h"
 
 namespace platform::desktop {
@@ -33,7 +37,7 @@ class HostWindow : public Window, private HostWidgetOwner {
     [[nodiscard]] Rect ScreenFrame() const override;
     void SetFrame(const Rect& frame) override;
     void Center() override;
-    [[nodiscard]] bool IsVisible() const override { return visible_; }
+    [[nodiscard]] bool IsVisible() const override;
     void OrderFront() override;
     void MakeKeyAndOrderFront() override;
     void OrderOut() override;

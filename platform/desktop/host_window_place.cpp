@@ -7,6 +7,7 @@
 #include "platform/desktop/display.h"
 #include "platform/desktop/host_window.h"
 #include "platform/desktop/placing.h"
+#include "platform/main_queue.h"
 
 namespace platform::desktop {
 
@@ -31,16 +32,19 @@ bool PlacesAreReal() {
 }  // namespace
 
 double HostWindow::Zoom() const {
+    ExpectMain(__func__);
     if (sizing_ != Sizing::ByZoom) return 1;
     if (shown_.isEmpty()) return FittingZoom();
     return LargestZoomIn(shown_, ContentSize(), 0);
 }
 
 double HostWindow::LargestZoom() const {
+    ExpectMain(__func__);
     return sizing_ == Sizing::ByZoom ? LargestZoomIn(Room(), ContentSize(), HeightAbove()) : 1;
 }
 
 void HostWindow::SetZoom(double zoom) {
+    ExpectMain(__func__);
     if (sizing_ != Sizing::ByZoom || !(zoom > 0)) return;
     zoom_ = std::min(zoom, kLargestZoom);
     pulled_.reset();

@@ -8,6 +8,7 @@
 
 #include "platform/desktop/german.h"
 #include "platform/desktop/text.h"
+#include "platform/main_queue.h"
 #include "platform/parts/text_excerpt.h"
 
 namespace platform::desktop {
@@ -61,13 +62,20 @@ TextPane::TextPane() : font_(FixedWidthFont("Menlo", 11)) {
     QObject::connect(&flush_, &QTimer::timeout, [this] { Flush(); });
 }
 
+std::string TextPane::Text() const {
+    ExpectMain(__func__);
+    return std::string(store_.Text());
+}
+
 void TextPane::SetText(std::string text) {
+    ExpectMain(__func__);
     followEnd_ = text.empty();
     store_.Set(std::move(text));
     ChangedWholly();
 }
 
 void TextPane::AppendText(std::string_view text) {
+    ExpectMain(__func__);
     if (text.empty()) return;
     store_.Append(text);
     if (editor_ == nullptr || replace_) return;
@@ -85,6 +93,7 @@ void TextPane::AppendText(std::string_view text) {
 }
 
 void TextPane::SetLineLimit(std::int64_t lines) {
+    ExpectMain(__func__);
     store_.SetLimit(lines);
     if (editor_ == nullptr) return;
     editor_->setMaximumBlockCount(static_cast<int>(store_.Limit()));
@@ -92,14 +101,18 @@ void TextPane::SetLineLimit(std::int64_t lines) {
 }
 
 // The editor of this desktop substitutes and detects nothing by itself.
-void TextPane::SetAutomaticSubstitutions(bool /*on*/) {}
+void TextPane::SetAutomaticSubstitutions(bool /*on*/) {
+    ExpectMain(__func__);
+}
 
 void TextPane::SetFont(std::string_view family, double points) {
+    ExpectMain(__func__);
     font_ = FixedWidthFont(family, points);
     if (editor_ != nullptr) editor_->setFont(font_);
 }
 
 void TextPane::SetNeedsDisplay() {
+    ExpectMain(__func__);
     if (editor_ != nullptr) editor_->viewport()->update();
 }
 

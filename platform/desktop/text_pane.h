@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QString>
 #include <QtCore/QTimer>
 #include <QtGui/QFont>
 #include <cstdint>
@@ -22,7 +23,7 @@ class TextPane : public TextView {
   public:
     TextPane();
 
-    [[nodiscard]] std::string Text() const override { return std::string(store_.Text()); }
+    [[nodiscard]] std::string Text() const override;
     void SetText(std::string text) override;
     void AppendText(std::string_view text) override;
     void SetLineLimit(std::int64_t lines) override;

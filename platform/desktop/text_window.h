@@ -1,9 +1,14 @@
 #pragma once
 
 #include <QtCore/QRect>
+#include <QtCore/QSize>
+#include <QtCore/QString>
 
 #include "platform/desktop/host_window.h"
 #include "platform/desktop/text_pane.h"
+#include "platform/geometry.h"
+#include "platform/main_queue.h"
+#include "platform/window.h"
 
 namespace platform::desktop {
 
@@ -13,8 +18,12 @@ class PlacedPart : public Part {
   public:
     explicit PlacedPart(const platform::desktop::HostWindow& window) : window_(window) {}
 
-    [[nodiscard]] Rect Frame() const override { return frame_; }
+    [[nodiscard]] Rect Frame() const override {
+        ExpectMain(__func__);
+        return frame_;
+    }
     void SetFrame(const Rect& frame) override {
+        ExpectMain(__func__);
         frame_ = frame;
         LayOut();
     }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string_view>
+#include <vector>
+
+#include "platform/view.h"
 #include "platform/window.h"
 
 namespace platform::desktop {

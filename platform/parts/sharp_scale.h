@@ -23,9 +23,9 @@ class SharpScaler {
                std::span<std::uint32_t> target, std::int64_t stride);
 
   private:
-    /// What the target pixels of one direction cover of the source. Target pixel t covers
-    /// 256ths of the source pixels from First[t] on, Weights[Begin[t]] to Weights[Begin[t + 1] -
-    /// 1].
+    /// What the target pixels of one direction cover of the source. Of the source pixels from
+    /// First[t] on, target pixel t covers so many 256ths: the weights from Weights[Begin[t]] on
+    /// that come before Weights[Begin[t + 1]].
     struct Covers {
         std::int64_t Source = 0;  // pixels
         std::int64_t Target = 0;  // pixels
