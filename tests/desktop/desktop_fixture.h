@@ -72,6 +72,32 @@ class Desktop : public testing::Test {
 
     int Pos(int code) { return std::atoi(Command("pos " + std::to_string(code)).c_str() + 4); }
 
+    void Click(int x, int y, const std::string& how = "click 1") const {
+        static_cast<void>(screen.Do("mousemove --sync " + std::to_string(x) + " " +
+                                    std::to_string(y) + " " + how));
+    }
+
+    // Where the title of a menu is seen in this window of the probe.
+    Place MenuTitle(const std::string& window, const std::string& title) {
+        Place at = PlaceOf(window, screen);
+        int x = 0;
+        int y = 0;
+        EXPECT_EQ(std::sscanf(Command("menu " + title).c_str(), "menu %d %d", &x, &y), 2) << title;
+        at.X += x;
+        at.Y += y;
+        return at;
+    }
+
+    void Focus(const std::string& window) const {
+        static_cast<void>(screen.Do("windowactivate --sync " + window));
+    }
+
+    // Waits until no visible window has a title that fits the regular expression.
+    [[nodiscard]] bool Gone(const std::string& title) const {
+        return Eventually(
+            [&] { return screen.Do("search --onlyvisible --name '^" + title + "$'").empty(); });
+    }
+
     // What the memory holds.
     QImage Frame() {
         const std::string path = testing::TempDir() + "korvandi_probe.png";

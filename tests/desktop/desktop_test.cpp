@@ -111,17 +111,16 @@ TEST_F(Desktop, CloseBoxHidesAndNobodyIsLeftWithoutAWindow) {
     EXPECT_FALSE(main.empty());
     EXPECT_EQ(screen.Do("search --onlyvisible --name '^Probe$'"), "");
     for (int close = 0; close < 3; ++close) {  // each time the person does not want to quit
-        static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Hinweis")));
+        Focus(screen.WindowTitled("Hinweis"));
         screen.Press("Escape");
-        EXPECT_TRUE(Eventually(
-            [&] { return screen.Do("search --onlyvisible --name '^Hinweis$'").empty(); }));
-        static_cast<void>(screen.Do("windowactivate --sync " + main));
+        EXPECT_TRUE(Gone("Hinweis"));
+        Focus(main);
         EXPECT_EQ(screen.WindowTitled("Hauptfenster"), main);
         screen.Press("alt+F4");
     }
     EXPECT_EQ(Command("front 0"), "done front");
     EXPECT_EQ(screen.WindowTitled("Probe"), window) << "hidden, not closed";
-    static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Hinweis")));
+    Focus(screen.WindowTitled("Hinweis"));
     screen.Press("Return");
     EXPECT_EQ(probe->Ended(), 0);
 }

@@ -11,20 +11,8 @@
 
 namespace {
 
-constexpr int kEditMenuX = 160;  // of the title "Bearbeiten" in the menu bar
-constexpr int kMenuBarY = 10;
-
 class Menus : public Desktop {
   protected:
-    void Click(int x, int y) const {
-        static_cast<void>(screen.Do("mousemove --sync " + std::to_string(x) + " " +
-                                    std::to_string(y) + " click 1"));
-    }
-
-    void Focus(const std::string& window) const {
-        static_cast<void>(screen.Do("windowactivate --sync " + window));
-    }
-
     // What another program pastes; waits until it is `wanted`.
     [[nodiscard]] bool Pastes(const std::string& wanted) const {
         return Eventually([&] { return screen.Clipboard("UTF8_STRING") == wanted; },
@@ -36,8 +24,8 @@ TEST_F(Menus, CopyTextAndPictureForOtherPrograms) {
     const std::string window = OpenProbe();
     const std::string line = "Äß# Äß# Äß# Äß# Äß#\r";
     const std::string text = line + line + line + "Äß#";
-    const Place client = PlaceOf(window);
-    Click(client.X + kEditMenuX, client.Y + kMenuBarY);
+    const Place edit = MenuTitle(window, "Bearbeiten");
+    Click(edit.X, edit.Y);
     screen.Press("Down");
     screen.Press("Return");
     EXPECT_TRUE(Pastes(text)) << "by mouse, got: " << screen.Clipboard("UTF8_STRING");
@@ -72,9 +60,7 @@ TEST_F(Menus, ShowEveryWindowAndFindTheWayBack) {
         Focus(shown);
     }
     screen.Press("ctrl+shift+h");
-    EXPECT_TRUE(Eventually([&] {
-        return screen.Do("search --onlyvisible --name '^(Probe|Systemkonsole|Drucker)$'").empty();
-    }));
+    EXPECT_TRUE(Gone("(Probe|Systemkonsole|Drucker)"));
     Focus(screen.WindowTitled("Hauptfenster"));
     screen.Press("ctrl+shift+F1");
     EXPECT_EQ(screen.WindowTitled("Probe"), window);
@@ -166,39 +152,38 @@ TEST_F(Menus, PanelsGivePathsAndCancel) {
 }
 
 TEST_F(Menus, KeysBelongToTheProgramWhileNoMenuIsOpen) {
-    const std::string window = OpenProbe();
+    const Place edit = MenuTitle(OpenProbe(), "Bearbeiten");
     probe->Say("keys");
     ASSERT_TRUE(probe->Line("probe: ready"));
     const auto next = [this] { return probe->Line("probe: key").value_or("nothing"); };
-    const Place client = PlaceOf(window);
     struct Row {
-        const char* Before;  // what is pressed first and gives no key
         const char* Layout;
         const char* Key;
-        const char* Value;
+        int Value;
+        const char* Before = "Alt_L";  // what is pressed first and gives no key
     };
     constexpr Row kRows[] = {
-        {"Alt_L", "us", "a", "97"},
-        {"Menu", "us", "b", "98"},
-        {"ctrl+shift+F10", "us", "c", "99"},
-        {"Alt_L", "us", "alt+f", "102"},
-        {"Alt_L", "us", "F10", "138"},
-        {"Alt_L", "us", "ctrl+shift+2", "0"},
-        {"Alt_L", "us", "ctrl+shift+6", "30"},
-        {"Alt_L", "us", "ctrl+6", "30"},
-        {"Alt_L", "us", "ctrl+7", "31"},
-        {"Alt_L", "fr", "ctrl+shift+15", "30"},  // the key with the minus sign and the 6
-        {"Alt_L", "fr", "ctrl+17", "31"},        // underscore and 8
-        {"Alt_L", "fr", "ctrl+shift+11", "0"},   // é and 2
-        {"Alt_L", "fr", "ctrl+shift+16", "31"},  // è and 7
-        {"Alt_L", "de", "ctrl+15", "30"},        // 6
-        {"Alt_L", "de", "ctrl+16", "31"},
-        {"Alt_L", "de", "ctrl+11", "0"},
-        {"Alt_L", "ch", "ctrl+15", "30"},
-        {"Alt_L", "ch", "ctrl+16", "31"},
-        {"Alt_L", "ch", "ctrl+11", "0"},
-        {"Alt_L", "us", "ctrl+slash", "31"},
-        {"Alt_L", "us", "ctrl+space", "0"},
+        {"us", "a", 97},
+        {"us", "b", 98, "Menu"},
+        {"us", "c", 99, "ctrl+shift+F10"},
+        {"us", "alt+f", 102},
+        {"us", "F10", 138},
+        {"us", "ctrl+shift+2", 0},
+        {"us", "ctrl+shift+6", 30},
+        {"us", "ctrl+6", 30},
+        {"us", "ctrl+7", 31},
+        {"fr", "ctrl+shift+15", 30},  // the key with the minus sign and the 6
+        {"fr", "ctrl+17", 31},        // underscore and 8
+        {"fr", "ctrl+shift+11", 0},   // é and 2
+        {"fr", "ctrl+shift+16", 31},  // è and 7
+        {"de", "ctrl+15", 30},        // 6
+        {"de", "ctrl+16", 31},
+        {"de", "ctrl+11", 0},
+        {"ch", "ctrl+15", 30},
+        {"ch", "ctrl+16", 31},
+        {"ch", "ctrl+11", 0},
+        {"us", "ctrl+slash", 31},
+        {"us", "ctrl+space", 0},
     };
     std::string layout;
     for (const Row& row : kRows) {
@@ -206,11 +191,11 @@ TEST_F(Menus, KeysBelongToTheProgramWhileNoMenuIsOpen) {
         screen.Press(row.Before);
         if (std::string(row.Before) != "Alt_L") screen.Press("Escape");  // closes a menu
         screen.Press(row.Key);
-        EXPECT_TRUE(next().starts_with("probe: key " + std::string(row.Value) + " "))
+        EXPECT_TRUE(next().starts_with("probe: key " + std::to_string(row.Value) + " "))
             << row.Before << " " << row.Layout << " " << row.Key;
     }
     screen.Keyboard("us");
-    Click(client.X + kEditMenuX, client.Y + kMenuBarY);
+    Click(edit.X, edit.Y);
     screen.Press("Escape");
     screen.Press("Escape");
     EXPECT_TRUE(next().starts_with("probe: key 27 ")) << "the menu took one, the program the other";
@@ -233,8 +218,7 @@ TEST_F(Menus, OpenByKeyInEveryWindow) {
         screen.Press("Return");  // the first item of the first menu
         EXPECT_FALSE(screen.WindowTitled("Hinweis").empty()) << row.Window << " " << row.Key;
         screen.Press("Escape");
-        EXPECT_TRUE(Eventually(
-            [&] { return screen.Do("search --onlyvisible --name '^Hinweis$'").empty(); }));
+        EXPECT_TRUE(Gone("Hinweis"));
     }
 }
 

@@ -1,3 +1,6 @@
+#include <QtGui/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenuBar>
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
@@ -40,6 +43,20 @@ bool SaveFrame(const std::string& path) {
         const auto picture = t_WindowSnapshot(0);
         return picture && platform::desktop::SavePicture(*picture, path);
     });
+}
+
+// Where the title of a menu stands in the windows, from the upper left.
+std::string PlaceOfMenu(const std::string& title) {
+    for (const QWidget* const window : QApplication::topLevelWidgets()) {
+        const auto* const bar = window->findChild<QMenuBar*>();
+        if (bar == nullptr || !bar->isVisible()) continue;
+        for (QAction* const menu : bar->actions()) {
+            if (menu->text().remove('&').toStdString() != title) continue;
+            const QPoint place = bar->mapTo(window, bar->actionGeometry(menu).center());
+            return toolkit::Joined(place.x(), " ", place.y());
+        }
+    }
+    return "is not there";
 }
 
 void TellKeys() {
@@ -135,6 +152,12 @@ void AnswerFrame(std::istream& line) {
     Answer(SaveFrame(path) ? "saved" : "not saved");
 }
 
+void AnswerMenu(std::istream& line) {
+    std::string title;
+    line >> title;
+    Answer("menu " + platform::AskMain([&] { return PlaceOfMenu(title); }));
+}
+
 void Scale(std::istream& line) {
     const std::int64_t width = Next(line);
     t_WindowSize(0, -1, -1, width, Next(line));
@@ -182,6 +205,7 @@ constexpr CommandRow kCommands[] = {
     {"frame", When::Instead, AnswerFrame},
     {"pos", When::Instead,
      [](auto& line) { Answer(toolkit::Joined("pos ", t_WindowPos(0, Next(line)))); }},
+    {"menu", When::Instead, AnswerMenu},
     {"down", When::Instead,
      [](auto& /*line*/) { Answer(toolkit::Joined("down ", t_KeyDown ? 1 : 0)); }},
     {"ask", When::After, Just<AskForEver>},

@@ -7,9 +7,7 @@
 
 namespace {
 
-constexpr int kWindowMenuX = 230;  // of the title "Fenster" in the menu bar
-constexpr int kMenuBarY = 10;
-constexpr int kLarger = 1;  // items of the menu
+constexpr int kLarger = 1;  // items of the menu "Fenster"
 constexpr int kSmaller = 2;
 constexpr int kOriginal = 3;
 
@@ -19,15 +17,10 @@ class Zoom : public Desktop {
   protected:
     using Desktop::Desktop;
 
-    void Click(int x, int y, const std::string& how = "click 1") const {
-        static_cast<void>(
-            screen.Do("mousemove " + std::to_string(x) + " " + std::to_string(y) + " " + how));
-    }
-
     // Chooses an item of the menu "Fenster", counted from 1.
-    void Choose(const std::string& window, int item) const {
-        const Place at = PlaceOf(window, screen);
-        Click(at.X + kWindowMenuX, at.Y + kMenuBarY);
+    void Choose(const std::string& window, int item) {
+        const Place menu = MenuTitle(window, "Fenster");
+        Click(menu.X, menu.Y);
         for (int i = 0; i < item; ++i) screen.Press("Down");
         screen.Press("Return");
     }
@@ -108,7 +101,7 @@ TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     ExpectClicksInLargerWindow(at.X, at.Y + menus);
     // The preferences still show 100 %; choosing that is a choice all the same.
     screen.Press("ctrl+shift+e");
-    static_cast<void>(screen.Do("windowactivate --sync " + screen.WindowTitled("Einstellungen")));
+    Focus(screen.WindowTitled("Einstellungen"));
     for (const char* const key : {"Tab", "space", "Return"}) screen.Press(key);
     EXPECT_TRUE(Becomes(window, before.Width, before.Height));
     for (const char* const key : {"space", "Down", "Down", "Return"}) screen.Press(key);
@@ -223,9 +216,9 @@ TEST_F(SmallScreen, HasTheWholeGame) {
     EXPECT_TRUE(Eventually([&] { return ShowsAllOf(window); }));
     static_cast<void>(screen.Do("windowfocus --sync " + window));
     const Place fitting = PlaceOf(window, screen);
-    Choose(window, kSmaller);
+    screen.Press("ctrl+shift+20");
     EXPECT_TRUE(Eventually([&] { return PlaceOf(window, screen).Width == 1312 / 2; }));
-    for (int i = 0; i < 4; ++i) Choose(window, kLarger);
+    for (int i = 0; i < 4; ++i) screen.Press("ctrl+shift+21");
     EXPECT_TRUE(Becomes(window, fitting.Width, fitting.Height)) << "no larger than the screen";
     EXPECT_TRUE(Eventually([&] { return ShowsAllOf(window); }));
 }
