@@ -17,7 +17,7 @@ struct t_Event {
     std::int64_t Kind = 0;     // 1 key, 2 mouse
     std::int64_t Index = 0;    // key: its key code; mouse: the buttons held, 1 left, 2 right, ...
     std::string Description;   // key: the characters it produced, UTF-8
-    std::int64_t Value = 0;    // key: the character code, see viewKeyDown
+    std::int64_t Value = 0;    // key: its value, as input/keyboard.h lists them
     std::int64_t WindowX = 0;  // mouse: place in the window, from its lower left, points
     std::int64_t WindowY = 0;
     std::int64_t ClickX = 0;  // mouse: column of the picture; -1 left of it, -2 right of it

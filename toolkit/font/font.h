@@ -20,6 +20,30 @@
 // Grey data: one byte per pixel, 0 background to 255 ink. The glyph of code k begins at byte
 // k * Width * Height, also when the first code is not 0, and runs row by row from the top, each row
 // from the left.
+//
+// The characters of the fonts that come with the system, and those that the toolkit relies on (*)
+//   * 0 - 14      quarter blocks: ink in the quarters whose bit is not set in the code, 8 upper
+//                 left, 4 upper right, 2 lower left, 1 lower right; 3 is so the upper half that
+//                 block graphics are made of
+//     15          empty
+//     16 - 18     three shades, from light to dark
+//     19 - 24     the lower 1, 2, 3, 5, 6 and 7 eighths
+//     25, 26      rising and falling diagonal
+//     27, 28      triangle in the lower left and in the lower right
+//     29, 30, 31  arrow up, arrow down, heart
+//   * 32          blank
+//     33 - 126    ASCII
+//     127 - 133   checkers, star, lattice, arrow left, double line, arrow right, disc
+//     134 - 137   round corners: upper left, upper right, lower left, lower right
+//     138 - 141   vertical line, heavy vertical line, horizontal line, heavy horizontal line
+//     142 - 145   corners in the order of the round ones
+//     146 - 150   tees to the right, to the left, down and up, cross
+//     151 - 153   double corners: upper left, upper right, lower left
+//     154, 155    dash, dots
+//   * 156         the rule of t_TextLine
+//     157, 158    double vertical line, double corner at the lower right
+//     159, 160    stripes, open box
+//     161 - 255   Latin-1, but 164 is the euro
 
 /// A loaded font. Empty `Data` counts as no font.
 struct t_Font {

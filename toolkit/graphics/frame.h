@@ -7,14 +7,7 @@
 
 // Frames: one window's graphic block turned into a picture of 4-byte pixels. Main thread, while the
 // program thread goes on drawing: a frame shows whatever the memory holds while it is read.
-//
-// Where pixel i = y * Width + x lies in the block, and its colour:
-//   1 bit    bit 7 - x % 8 of byte i / 8: white when set, else black
-//   4 bits   byte i / 2, even x in the high half: a colour number
-//   8 bits   byte i: a grey
-//   16 bits  the second of the two bytes at 2 i: a grey
-//   24 bits  bytes 3 i and on: red, green, blue
-//   32 bits  bytes 4 i + 1 and on: red, green, blue
+// start/init_window.h shows where the pixels lie in the block.
 
 /// Builds the frame of graphic window `window` (0 to 7) into `picture`, in the byte order that
 /// `picture` asks for; its bytes are got anew only when the size changes. Sets the window's

@@ -29,7 +29,10 @@ void t_LoResMode(std::uint8_t window, std::int64_t mode);
 void t_LoResOffset(std::uint8_t window, std::int64_t offsetX, std::int64_t offsetY);
 
 /// Colours the blocks of plot point (x, y), from 0, in the current colour. Blocks outside the grid
-/// are left out. Fault: "t_Plot: Illegal graphic mode."
+/// are left out. The other half of a cell keeps what the cell's colour byte says. In a cell that
+/// held text or nothing that is the old background for the lower half, and the old foreground for
+/// the upper one: the first plot with odd y in a cell of a new window makes its upper half green.
+/// Fault: "t_Plot: Illegal graphic mode."
 void t_Plot(std::uint8_t window, std::int64_t x, std::int64_t y);
 
 /// Colours one block, from 0; nothing outside the grid. Faults as t_Plot's, under its own name.

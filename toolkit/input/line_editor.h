@@ -19,8 +19,10 @@
 
 /// Prints `prompt` and a field that begins with `field`, lets the person edit it until Return or
 /// Escape, goes to the next line and returns the field's text, empty after Escape and after a
-/// fault. showOnly    only prints, and returns the field at once inputMode   see above maximum most
-/// characters of the field; below 1: none
+/// fault.
+/// showOnly   only prints, and returns the field at once
+/// inputMode  one of those above
+/// maximum    most characters of the field; below 1: none
 std::string t_InputForm(std::uint8_t window, std::string_view prompt, std::string_view field,
                         bool showOnly, std::int64_t inputMode, std::int64_t maximum);
 

@@ -6,8 +6,8 @@
 
 #include "platform/menu.h"
 
-// The menu bar by titles and positions, positions from 0. Any thread; off the main thread each
-// operation waits for the main thread.
+// The menus of the bar and their items, by titles and by positions from 0. Any thread; off the main
+// thread each operation waits for the main thread.
 
 /// The menu with this title; nullptr when there is none. To be used on the main thread.
 [[nodiscard]] platform::Menu* t_FindMenu(std::string_view menuTitle);

@@ -4,19 +4,25 @@
 #include "toolkit/core/handler.h"
 #include "toolkit/events/menu.h"
 
-// What happens when a menu item is chosen.
+// What happens when a menu item is chosen. events/menu.h has t_MenuActions, whose entries say what
+// the items do, and the queue of what was chosen; menu_bar.h has the menus themselves.
 //
 // Built-in actions; w is the window that the person works in:
-//   100, 101   open and save dialog; the result goes into the action's entry
-//   110        copy the picture of w
-//   111        copy the text of w
-//   112, 114   clear the virtual printer, the system console
-//   113        run t_MenuWindowProc when w is a graphic window
-//   200, 201   hide every window, hide w
-//   205, 206   show, hide the main window; 207, 208 preferences; 209, 210 virtual printer;
-//              211, 212 pasteboard; 229, 230 system console
-//   213 - 228  show, hide graphic window 0 to 7
-// What cannot be done sounds the warning; some cases print a line besides:
+//   100  runs an open dialog; path and name go into the action's entry
+//   101  runs a save dialog; the same
+//   110  copies the picture of w, a graphic window
+//   111  copies the text of w: a graphic window with look-alikes (t_ExportText), the virtual
+//        printer or the system console
+//   112  clears the virtual printer          114  clears the system console
+//   113  runs t_MenuWindowProc, if w is a graphic window
+//   200  hides every window                  201  hides w
+//
+//   show  hide                               show       hide
+//   205   206   the main window              211        212        the pasteboard
+//   207   208   the preferences              229        230        the system console
+//   209   210   the virtual printer          213 + 2 n  214 + 2 n  graphic window n, 0 to 7
+// A number that is not here does nothing. What cannot be done sounds the warning; some cases print
+// a line besides:
 //   "t_MenuEventHandler: Window #<n> not initialized."
 //   "t_MenuEventHandler: System console window is nil, resource undefined."
 //   "t_MenuEventHandler: Virtual printer window is nil, resource undefined."

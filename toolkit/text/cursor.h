@@ -31,7 +31,10 @@ void t_CursorHome(std::uint8_t window);
 /// To the area's last column and line.
 void t_CursorEnd(std::uint8_t window);
 
-/// Raises the cursor's level by one; the cursor shows from level 1 on.
+/// Raises the cursor's level by one; the cursor shows from level 1 on, as the cell with its colours
+/// exchanged. What moves the cursor or prints does not know of it: t_CursorOff draws where the
+/// cursor is by then. So nothing should move it or print between the two calls, or a cell stays
+/// exchanged: the new one after printing, the old and the new one after moving alone.
 void t_CursorOn(std::uint8_t window);
 /// Lowers it by one; it may go below 0.
 void t_CursorOff(std::uint8_t window);

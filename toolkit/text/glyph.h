@@ -3,8 +3,9 @@
 #include <cstdint>
 
 /// Draws one character into cell (column, line) of graphic window `window`, both from 1, and
-/// records the cell; what all text output ends in. The cursor does not move. color    high four
-/// bits foreground, low four bits background, each a colour number 0 to 15; the
+/// records the cell; what all text output ends in. The cursor does not move.
+/// symbol   the character's code; none is a control code here
+/// color    high four bits foreground, low four bits background, each a colour number 0 to 15; the
 ///          window's TextInverse makes them trade places, in the record too
 /// Where the window's output is redirected (TextRedirectOutput), the character goes to standard
 /// output as UTF-8 (2) or nowhere (any value but 1 and 2), and nothing else happens. A character

@@ -77,8 +77,8 @@ struct t_Window {
     toolkit::Shared<std::int64_t> TextLastLine = 0;
     toolkit::Shared<std::int64_t> TextHpos = 0;  // cursor column
     toolkit::Shared<std::int64_t> TextVpos = 0;  // cursor line
-    toolkit::Shared<std::uint8_t> TextColor =
-        0;                                      // foreground in the high four bits, background low
+    // The foreground in the high four bits, the background in the low four.
+    toolkit::Shared<std::uint8_t> TextColor = 0;
     toolkit::Shared<bool> TextInverse = false;  // the two trade places when drawing
     toolkit::Shared<std::int64_t> TextDisplayMode = 0;
     toolkit::Shared<std::int64_t> TextCursorLevel = 0;  // the cursor shows from 1 on
