@@ -6,7 +6,8 @@
 #include <utility>
 
 #include "app/interface.h"
-#include "tests/support/random.h"
+#include "tests/support/globals.h"
+#include "tests/support/random_font.h"
 #include "toolkit/core/output.h"
 
 namespace fuzz {
@@ -55,22 +56,23 @@ Toolkit::Toolkit() : Delegate(nullptr) {
     Desktop.Client = &Delegate;
     initvxtools();
     t_InitMemory();
-    t_AutoUpdateRunning = true;  // no refresh loop: its task would wait for ever
 }
 
 Toolkit& Toolkit::Fresh() {
     static auto& toolkit = *new Toolkit;
-    t_Windows.fill(t_Window());
-    t_HighMemory = toolkit::kHighestAddress;
+    ResetGlobals();
+    t_AppDelegate = &toolkit.Delegate;
+    t_MemoryStarted = true;
+    t_ToolsReady = true;
+    t_AutoUpdateRunning = true;  // no refresh loop: its task would wait for ever
     // What an input finds in the memory never comes from the one before.
     toolkit::FillRun(toolkit::kHighestAddress + 1 - kUsed, kUsed, 0);
-    t_EventQueue.Clear();
-    t_CurrentEvent = t_Event();
     return toolkit;
 }
 
 t_Font GreyFont(std::int64_t width, std::int64_t height) {
-    t_Font font = Random().GreyFont(width, height);
+    Random random;
+    t_Font font = RandomFont(random, width, height);
     std::fill_n(font.Data.begin() + ' ' * width * height, width * height, std::uint8_t{0});
     return font;
 }

@@ -4,7 +4,7 @@
 
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
-#include "tests/support/random.h"
+#include "tests/support/random_font.h"
 
 // A program that draws without pause while the main thread builds frames of all windows and the
 // person types, clicks and chooses. Torn frames are allowed, lost memory and races are not.
@@ -25,7 +25,7 @@ class FullSpeed : public ToolkitTest {
         desktop.HoldBackground = false;
         desktop.KeepOutput = false;
         desktop.KeepPlayed = false;
-        fonts = {TestFont(), random.GreyFont(5, 7), random.GreyFont(16, 32), EmptyFont()};
+        fonts = {TestFont(), RandomFont(random, 5, 7), RandomFont(random, 16, 32), EmptyFont()};
     }
 
     // The program thread's part.

@@ -160,25 +160,3 @@ TEST_F(LineEditor, QuestionsAreAnsweredWithOneKey) {
         }
     }
 }
-
-TEST_F(LineEditor, RefusesWindowsThatHaveNoText) {
-    struct Row {
-        std::string Name;
-        void (*Run)(std::uint8_t n);
-    };
-    const Row rows[] = {
-        {"t_InputForm", [](auto n) { EXPECT_EQ(t_InputForm(n, "", "a", true, 0, 9), ""); }},
-        {"t_InputEdit", [](auto n) { t_InputEdit(n, 'A'); }},
-        {"t_InputInsert", [](auto n) { t_InputInsert(n, 'A'); }},
-    };
-    t_InitWindow(3, 24, true, 64, 32, 0, 0, EmptyFont(), true);
-    for (const Row& row : rows) {
-        const auto print = [&](std::uint8_t n) { return Printed([&] { row.Run(n); }); };
-        EXPECT_EQ(print(8), row.Name + ": Window is not a graphic window.\n");
-        EXPECT_EQ(print(3), row.Name + ": Window #3 not initialized.\n");
-        EXPECT_EQ(print(5), row.Name + ": Window #5 not initialized.\n");
-        t_ToolsReady = false;
-        EXPECT_EQ(print(0), row.Name + ": Window #0 not initialized.\n");
-        t_ToolsReady = true;
-    }
-}

@@ -4,36 +4,9 @@
 #include <thread>
 
 #include "app/interface.h"
+#include "tests/support/globals.h"
 
 namespace {
-
-// Puts every global of the toolkit back to what it is when the process starts.
-void ResetToolkit() {
-    t_ToolsReady = false;
-    t_MemoryStarted = false;
-    t_ProgramStartPending = false;
-    t_ProgramStackSize = 0;
-    t_ProgramEntry = nullptr;
-    t_TerminateHandler = nullptr;
-    t_AppDelegate = nullptr;
-    t_TitleBarHeight = 0;
-    t_Windows.fill(t_Window());
-    t_HighMemory = 0xFFFFFF;
-    t_FirstWindow = 255;
-    t_AutoUpdateRunning = false;
-    t_EventQueue.Clear();
-    t_MouseEventQueue.Clear();
-    t_CurrentEvent = t_Event();
-    t_MenuEventQueue.Clear();
-    t_MenuActions.Clear();
-    t_MenuHandler = nullptr;
-    t_MenuWindowProc = t_SysBeep;
-    t_MouseHandler = nullptr;
-    t_RandomLast = 0;
-    toolkit::SoundsOn = true;
-    toolkit::SetModifierFlags(0);
-    for (toolkit::Shared<bool>* flag : {&t_KeyDown, &t_MouseDown, &t_RightMouseDown}) *flag = false;
-}
 
 std::uint8_t TestInk(int code, int x, int y) {
     if (code <= 14) {
@@ -48,7 +21,7 @@ std::uint8_t TestInk(int code, int x, int y) {
 }  // namespace
 
 ToolkitTest::ToolkitTest() : delegate(nullptr) {
-    ResetToolkit();
+    ResetGlobals();
     t_AppDelegate = &delegate;
     BuildInterface(delegate);
     desktop.Client = &delegate;

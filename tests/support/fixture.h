@@ -10,6 +10,7 @@
 
 #include "app/app_delegate.h"
 #include "platform/headless/headless.h"
+#include "tests/support/print_to.h"
 #include "toolkit/toolkit.h"
 
 // A toolkit on a headless desktop, fresh for every test. The test's thread is the main thread and,

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <random>
 #include <vector>
-
-#include "toolkit/font/font.h"
 
 /// Numbers for tests with random input, the same in every run.
 class Random {
@@ -25,22 +22,6 @@ class Random {
         std::vector<std::uint8_t> bytes;
         while (std::ssize(bytes) < count) bytes.push_back(Byte());
         return bytes;
-    }
-
-    /// A font that draws every code, in runs of pixels without ink, with full ink and in any grey.
-    t_Font GreyFont(std::int64_t width, std::int64_t height) {
-        t_Font font;
-        font.Format = 2;
-        font.End = 255;
-        font.Width = width;
-        font.Height = height;
-        const std::int64_t size = 256 * width * height;
-        while (std::ssize(font.Data) < size) {
-            const std::int64_t end = std::min(size, std::ssize(font.Data) + Between(1, 12));
-            font.Data.resize(static_cast<std::size_t>(end),
-                             static_cast<std::uint8_t>(OneOf({0, 255, Byte()})));
-        }
-        return font;
     }
 
   private:

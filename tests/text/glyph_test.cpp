@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "tests/support/fixture.h"
-#include "tests/support/random.h"
+#include "tests/support/random_font.h"
 
 namespace {
 
@@ -102,7 +102,7 @@ class Glyphs : public WindowTest {
         constexpr std::int64_t kSizes[][2] = {{7, 5},  {8, 8}, {5, 9},   {16, 3},
                                               {3, 16}, {1, 1}, {13, 11}, {64, 36}};
         const auto& [width, height] = kSizes[random.Between(0, 7)];
-        t_Font font = random.GreyFont(width, height);
+        t_Font font = RandomFont(random, width, height);
         font.Start = static_cast<std::uint8_t>(random.Between(0, 40));
         font.End = static_cast<std::uint8_t>(random.Between(80, 255));
         // All data, or only some glyphs' and maybe one pixel less.

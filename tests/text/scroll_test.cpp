@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "tests/support/fixture.h"
-#include "tests/support/random.h"
+#include "tests/support/random_font.h"
 
 // Window 0's grid is as wide as its text area, so that it scrolls by moving memory. Window 1's grid
 // is one column wider than its area, so that it scrolls cell by cell.
@@ -15,7 +15,7 @@ constexpr std::uint8_t kBoth[] = {0, 1};
 class Scrolling : public WindowTest {
   protected:
     void OpenBoth(std::int64_t depth) {
-        const t_Font font = random.GreyFont(7, 5);
+        const t_Font font = RandomFont(random, 7, 5);
         for (const std::uint8_t n : kBoth) Open(n, depth, kColumns + n, kLines, font);
     }
 
