@@ -61,7 +61,7 @@ TEST_F(Blocks, BeginWhereTenBitsAndTheTwelfthAreClear) {
                                          {kTop, 4097, 0xFF'E400},    {0x1'0FFF, 4095, 0x1'0000}};
     for (const auto& [mark, bytes, start] : kRows) {
         t_HighMemory = mark;
-        const toolkit::Block block = toolkit::HandOut(bytes);
+        const toolkit::MemoryBlock block = toolkit::HandOut(bytes);
         EXPECT_EQ(block.Start, start);
         EXPECT_EQ(block.End, mark);
         EXPECT_EQ(t_HighMemory, start - 1);

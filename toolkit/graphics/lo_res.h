@@ -18,9 +18,8 @@
 //   mode 3   quarter (OX + x, OY + y) of a cell
 // Program thread; no lock. Every operation prints, without further effect,
 //   "<operation>: Window is not a graphic window."    window is 8 or more
-//   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or,
-//                                                     where cells are read or drawn, without text
-//                                                     block
+//   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or, but
+//                                                     for the two setters, without a text block
 
 /// Stores the mode; any number.
 void t_LoResMode(std::uint8_t window, std::int64_t mode);

@@ -34,12 +34,13 @@ std::int64_t InPicture(std::int64_t place, std::int64_t size) {
 }
 
 // The place in the picture; no value, after a line, for a window without one.
-struct Place {
+struct PicturePoint {
     std::int64_t X;
     std::int64_t Y;
 };
 
-std::optional<Place> PlaceInPicture(std::uint8_t window, std::int64_t absX, std::int64_t absY) {
+std::optional<PicturePoint> PlaceInPicture(std::uint8_t window, std::int64_t absX,
+                                           std::int64_t absY) {
     if (window >= toolkit::kGraphicWindows) {
         PrintLine("t_MouseEventHandler: Unknown window, AbsX = ", absX, ", AbsY = ", absY);
         return std::nullopt;
@@ -51,7 +52,7 @@ std::optional<Place> PlaceInPicture(std::uint8_t window, std::int64_t absX, std:
     }
     const std::int64_t x = Minus(absX, w.BorderWidth);
     const std::int64_t y = Minus(Plus(w.BorderHeight, w.Height), absY);
-    return Place{InPicture(x, w.Width), InPicture(y, w.Height)};
+    return PicturePoint{InPicture(x, w.Width), InPicture(y, w.Height)};
 }
 
 void RunProgramHandler() {
@@ -89,8 +90,8 @@ void t_MouseEventHandler(std::uint8_t window, const platform::MousePress& press,
     toolkit::FillInModifiers(event, press.ModifierFlags);
     event.FunctionKeyPressed = (press.ModifierFlags & platform::kFnFlag) != 0;
 
-    const std::optional<Place> place = PlaceInPicture(window, event.WindowX, event.WindowY);
-    const auto [clickX, clickY] = place.value_or(Place{kUnusable, kUnusable});
+    const std::optional<PicturePoint> place = PlaceInPicture(window, event.WindowX, event.WindowY);
+    const auto [clickX, clickY] = place.value_or(PicturePoint{kUnusable, kUnusable});
     event.ClickX = clickX;
     event.ClickY = clickY;
     std::string name;

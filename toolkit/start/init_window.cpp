@@ -179,7 +179,7 @@ void FillInText(const Plan& plan, t_Window& w) {
 }
 
 void HandOutGraphicBlock(const Plan& plan, t_Window& w) {
-    const toolkit::Block block = toolkit::HandOut(plan.GraphicBytes);
+    const toolkit::MemoryBlock block = toolkit::HandOut(plan.GraphicBytes);
     w.MemoryStart = block.Start;
     w.MemoryEnd = block.End;
     PrintLine(plan.Prefix, " : ", plan.Width, " x ", plan.Height, " pixel x ", plan.BitDepth,
@@ -190,7 +190,7 @@ void HandOutGraphicBlock(const Plan& plan, t_Window& w) {
 void HandOutTextBlock(const Plan& plan, t_Window& w) {
     w.TextMemoryStart = w.TextMemoryEnd = -1;
     if (plan.TextBytes == 0) return;
-    const toolkit::Block block = toolkit::HandOut(plan.TextBytes);
+    const toolkit::MemoryBlock block = toolkit::HandOut(plan.TextBytes);
     w.TextMemoryStart = block.Start;
     w.TextMemoryEnd = block.End;
 }

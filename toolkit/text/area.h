@@ -5,9 +5,8 @@
 // The text area, and rectangles of cells. Program thread; no lock. Every operation prints,
 // without further effect,
 //   "<operation>: Window is not a graphic window."    window is 8 or more
-//   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or,
-//                                                     where cells are read or drawn, without text
-//                                                     block
+//   "<operation>: Window #<window> not initialized."  toolkit not ready, window not set up or, but
+//                                                     for t_FullArea, without a text block
 
 /// Redraws a rectangle of cells, from 1, with foreground and background exchanged. Nothing for one
 /// that is reversed or leaves the grid.

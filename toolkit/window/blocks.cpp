@@ -59,7 +59,7 @@ std::int64_t FreeMemory() {
     return Minus(t_HighMemory, kReservedBytes);
 }
 
-Block HandOut(std::int64_t bytes) {
+MemoryBlock HandOut(std::int64_t bytes) {
     const std::int64_t end = t_HighMemory;
     const std::int64_t start = static_cast<std::uint32_t>(end - bytes + 1) & kStartMask;
     t_HighMemory = start - 1;

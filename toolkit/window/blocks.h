@@ -8,7 +8,7 @@
 namespace toolkit {
 
 /// First and last address.
-struct Block {
+struct MemoryBlock {
     std::int64_t Start;
     std::int64_t End;
 };
@@ -18,7 +18,7 @@ struct Block {
 
 /// Hands out `bytes` bytes, at most FreeMemory(), rounded up at the lower end: a block begins at an
 /// address whose bits 0 to 9 and 11 are clear.
-Block HandOut(std::int64_t bytes);
+MemoryBlock HandOut(std::int64_t bytes);
 
 /// Takes back the blocks of a set-up window and closes the gap: the blocks of all windows below
 /// move up with their content. Marks the window as not set up, without blocks. Logs, with P for
