@@ -2,8 +2,8 @@
 
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench check clang tidy asan tsan fuzz coverage games starts soak repeat format \
-	resources clean
+.PHONY: run test bench check clang libcxx cross tidy asan tsan fuzz coverage games starts soak repeat \
+	format resources clean
 
 # Installs what is missing, builds and starts the game.
 run:
@@ -77,12 +77,25 @@ clang:
 	cmake --preset clang
 	cmake --build --preset clang -j $(JOBS)
 
+# The same with its own standard library, without the windowed program; and the test run.
+libcxx:
+	@tools/setup.sh libcxx
+	cmake --preset libcxx
+	cmake --build --preset libcxx -j $(JOBS)
+	ctest --preset libcxx -j $(JOBS)
+
+# Builds for other processors, without the windowed program and the tests.
+cross:
+	@tools/setup.sh cross
+	for preset in m32 aarch64; do \
+		cmake --preset $$preset && cmake --build --preset $$preset -j $(JOBS) || exit 1; \
+	done
+
 # clang-tidy over everything; takes long.
 tidy: clang
-	git ls-files '*.cpp' | grep -v '^tools/' | \
-		xargs -P $(JOBS) -n 4 clang-tidy-14 -p build/clang --quiet 2> /dev/null
+	git ls-files '*.cpp' | xargs -P $(JOBS) -n 4 clang-tidy-14 -p build/clang --quiet
 
-# Style: formatting, include directions, headers that compile alone.
+# Style: formatting, include directions, headers that compile alone, what the documents name.
 check:
 	@tools/setup.sh check
 	tools/check_style.sh

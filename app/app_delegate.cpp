@@ -143,8 +143,8 @@ std::string AppDelegate::Notice() const {
 }
 
 std::string AppDelegate::WhatBecameOfTheProgram() const {
-    const bool opened =
-        std::ranges::any_of(t_Windows, [](const t_Window& w) -> bool { return w.Initialized; });
+    const bool opened = std::any_of(t_Windows.begin(), t_Windows.end(),
+                                    [](const t_Window& w) -> bool { return w.Initialized; });
     switch (run_.Now()) {
         case ProgramRun::State::NotPossible:
             return "Das Programm konnte nicht gestartet werden: " + run_.Fault() + ". ";

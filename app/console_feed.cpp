@@ -19,7 +19,7 @@ class Feed : public std::enable_shared_from_this<Feed> {
     void Take(std::string_view text) {
         const std::lock_guard lock(mutex_);
         waiting_ += text;
-        lines_ += std::ranges::count(text, '\n');
+        lines_ += std::count(text.begin(), text.end(), '\n');
         if (lines_ > std::ptrdiff_t{2} * kConsoleLines || waiting_.size() > kMostBytes)
             DropOldest();
         if (std::exchange(posted_, true)) return;

@@ -33,7 +33,7 @@ bool IsBinary(std::uint8_t byte) {
 
 // Why the file cannot be shown as text; empty when it can.
 std::string FaultOf(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    if (std::ranges::any_of(bytes, IsBinary)) return "Die Datei enthält keinen Text.";
+    if (std::any_of(bytes.begin(), bytes.end(), IsBinary)) return "Die Datei enthält keinen Text.";
     if (!bytes.empty()) return {};
     const std::error_code error = platform::Current().Resources->ReadFile(path).Error;
     return error ? FileFault(error) : std::string();

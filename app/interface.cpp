@@ -165,7 +165,8 @@ void ZoomOpenWindows(const Zoom& zoom) {
 }
 
 FormRow ZoomChoice() {
-    const auto usual = std::ranges::find(kZoomsInPercent, 100) - std::begin(kZoomsInPercent);
+    const auto usual = std::find(std::begin(kZoomsInPercent), std::end(kZoomsInPercent), 100) -
+                       std::begin(kZoomsInPercent);
     FormRow row = Choice(
         "Größe der offenen Grafikfenster", kZoomsInPercent, " %", usual, [](std::int64_t percent) {
             ZoomOpenWindows(

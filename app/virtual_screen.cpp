@@ -48,9 +48,9 @@ Picture WithBorder(const Picture& picture, const t_Window& w) {
                             {border.Alpha, border.Red, border.Green, border.Blue});
     }
     for (std::int64_t y = 0; y < picture.Height; ++y) {
-        const auto row = picture.Bytes.begin() + y * picture.Width * 4;
+        const std::uint8_t* const row = picture.Bytes.data() + y * picture.Width * 4;
         std::copy(row, row + picture.Width * 4,
-                  framed.Bytes.begin() + ((y + edge) * framed.Width + side) * 4);
+                  framed.Bytes.data() + ((y + edge) * framed.Width + side) * 4);
     }
     return framed;
 }

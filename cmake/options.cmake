@@ -3,13 +3,24 @@
 # warning stops its build.
 find_package(Threads REQUIRED)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+# Where vectors go when one compiler's program is called by another's is no matter here.
+add_compile_options(-Wno-psabi)
 if(PROJECT_IS_TOP_LEVEL)
   add_compile_options(-Werror)
 endif()
 
+# Debian's GoogleTest and Google Benchmark are built with the other standard library.
+include(CheckCXXSymbolExists)
+check_cxx_symbol_exists(_LIBCPP_VERSION version KORVANDI_LIBCXX)
+
 add_library(korvandi_options INTERFACE)
 target_include_directories(korvandi_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_link_libraries(korvandi_options INTERFACE Threads::Threads)
+if(KORVANDI_LIBCXX AND CMAKE_SYSTEM_NAME STREQUAL Linux)
+  # The C library ends a thread by libgcc's unwinder. Debian's libc++ brings another, which cannot
+  # take over half way; where libgcc's comes first, both use that one.
+  target_link_options(korvandi_options INTERFACE LINKER:--no-as-needed,-lgcc_s,--as-needed)
+endif()
 if(KORVANDI_SANITIZE)
   target_compile_options(korvandi_options INTERFACE
     -fsanitize=${KORVANDI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)

@@ -21,7 +21,8 @@ void CheckConsistent(const t_Font& font, std::span<const std::uint8_t> file) {
     fuzz::Check(font.Format == (packed ? format - 100 : format), "a loaded font is unpacked");
     if (packed) return;
     const auto data = file.subspan(file[0]);
-    fuzz::Check(std::ranges::equal(font.Data, data), "data that is not packed is the file's");
+    fuzz::Check(std::equal(font.Data.begin(), font.Data.end(), data.begin(), data.end()),
+                "data that is not packed is the file's");
 }
 
 void PrintEveryCode(std::int64_t bitDepth, const t_Font& font) {

@@ -73,7 +73,7 @@ Toolkit& Toolkit::Fresh() {
 t_Font GreyFont(std::int64_t width, std::int64_t height) {
     Random random;
     t_Font font = RandomFont(random, width, height);
-    std::fill_n(font.Data.begin() + ' ' * width * height, width * height, std::uint8_t{0});
+    std::fill_n(font.Data.data() + ' ' * width * height, width * height, std::uint8_t{0});
     return font;
 }
 

@@ -136,10 +136,14 @@ FileContent ReadFileFromDisk(const std::string& path) try {
     if (!file) return Unreadable(SystemError());
     const std::streamoff size = file.tellg();
     FileContent content;
+    if (std::cmp_greater(size, content.Bytes.max_size())) {
+        return Unreadable(std::make_error_code(std::errc::not_enough_memory));
+    }
     if (size > 0) {
         content.Bytes.resize(static_cast<std::size_t>(size));
         file.seekg(0);
-        file.read(reinterpret_cast<char*>(content.Bytes.data()), size);
+        file.read(reinterpret_cast<char*>(content.Bytes.data()),
+                  static_cast<std::streamsize>(size));
         if (file.gcount() != size) return Unreadable(std::make_error_code(std::errc::io_error));
     }
     return content;

@@ -1,6 +1,7 @@
 #include "platform/menu.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace platform {
@@ -38,7 +39,7 @@ void Menu::AddSeparator() {
 
 void Menu::RemoveItemAt(std::int64_t position) {
     if (ItemAt(position) == nullptr) return;
-    items_.erase(items_.begin() + position);
+    items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(position));
     changed_();
 }
 
@@ -51,8 +52,8 @@ Menu& MenuBar::Add(std::string_view title) {
 }
 
 Menu* MenuBar::Find(std::string_view title) const {
-    const auto found = std::ranges::find(
-        menus_, title, [](const auto& menu) -> std::string_view { return menu->Title(); });
+    const auto found = std::find_if(menus_.begin(), menus_.end(),
+                                    [title](const auto& menu) { return menu->Title() == title; });
     return found == menus_.end() ? nullptr : found->get();
 }
 

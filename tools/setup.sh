@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for what the arguments name: run, test, check,
-# coverage. Says nothing and returns at once when all are there.
+# coverage, libcxx, cross. Says nothing and returns at once when all are there.
 set -euo pipefail
 
 run='cmake ninja-build g++ make pkg-config qt6-base-dev libopenal-dev libsndfile1-dev libxcb1-dev
@@ -9,6 +9,9 @@ test="$run libgtest-dev libbenchmark-dev xvfb xauth openbox i3-wm xdotool xclip 
       x11-utils imagemagick libfreetype-dev libpng-dev procps unicode-data"
 coverage='gcovr'
 check="$test clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev git"
+
+libcxx='cmake ninja-build make clang-14 libc++-14-dev libc++abi-14-dev googletest'
+cross='cmake ninja-build make g++-i686-linux-gnu g++-aarch64-linux-gnu'
 
 missing=()
 for group in "$@"; do

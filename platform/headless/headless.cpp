@@ -154,7 +154,7 @@ HeadlessWindow& Headless::AddWindow(double contentWidth, double contentHeight) {
 }
 
 void Headless::BringToFront(HeadlessWindow& window, bool key) {
-    const auto place = std::ranges::find(Order, &window);
+    const auto place = std::find(Order.begin(), Order.end(), &window);
     std::rotate(place, place + 1, Order.end());
     if (key || active_ == nullptr) active_ = &window;
 }
@@ -166,8 +166,8 @@ void Headless::WindowHidden(HeadlessWindow& window) {
     active_ = next == Order.rend() ? nullptr : *next;
     if (active_ != nullptr || Client == nullptr) return;
     PostToMain([this] {
-        const bool anyVisible =
-            std::ranges::any_of(Order, [](const HeadlessWindow* w) { return w->IsVisible(); });
+        const bool anyVisible = std::any_of(Order.begin(), Order.end(),
+                                            [](const HeadlessWindow* w) { return w->IsVisible(); });
         if (!anyVisible) Client->lastWindowDidHide();
     });
 }

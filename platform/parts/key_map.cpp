@@ -1,10 +1,10 @@
 #include "platform/parts/key_map.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
 #include "platform/key_codes.h"
+#include "platform/search.h"
 #include "platform/utf8.h"
 
 namespace platform::parts {
@@ -155,7 +155,6 @@ constexpr SpecialRow kSpecialRows[] = {
     {0xFF9F, kKeyDelete, kDeleteCharacter},        // keypad decimal
     {0xFFFF, kKeyDelete, kDeleteCharacter},        // Delete
 };
-static_assert(std::ranges::is_sorted(kSpecialRows, {}, &SpecialRow::Symbol));
 
 constexpr std::uint32_t kKeypadEnterSymbol = 0xFF8D;
 
@@ -234,14 +233,12 @@ std::int64_t CodeOfPosition(std::uint32_t scanCode) {
 }
 
 const KeypadRow* KeypadRowOf(std::int64_t keyCode) {
-    const auto* const row = std::ranges::find(kKeypadRows, keyCode, &KeypadRow::KeyCode);
-    return row == std::end(kKeypadRows) ? nullptr : row;
+    return RowWith(kKeypadRows, &KeypadRow::KeyCode, keyCode);
 }
 
 std::optional<KeyPress> SpecialPress(const NativeKey& key) {
-    const auto* const row =
-        std::ranges::lower_bound(kSpecialRows, key.Symbol, {}, &SpecialRow::Symbol);
-    if (row != std::end(kSpecialRows) && row->Symbol == key.Symbol) {
+    const auto* const row = RowWith(kSpecialRows, &SpecialRow::Symbol, key.Symbol);
+    if (row != nullptr) {
         const bool tabBackwards = row->KeyCode == kKeyTab &&
                                   (key.Flags & kShiftFlag) != 0;  // whatever the layout calls it
         const bool onKeypad = row->Symbol == kKeypadEnterSymbol;
@@ -289,8 +286,8 @@ std::optional<KeyPress> MapKey(const NativeKey& key) {
 }
 
 std::uint64_t ModifierOfSymbol(std::uint32_t symbol) {
-    const auto* const row = std::ranges::find(kModifierRows, symbol, &ModifierRow::Symbol);
-    return row == std::end(kModifierRows) ? 0 : row->Flag;
+    const auto* const row = RowWith(kModifierRows, &ModifierRow::Symbol, symbol);
+    return row == nullptr ? 0 : row->Flag;
 }
 
 }  // namespace platform::parts

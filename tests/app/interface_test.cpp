@@ -5,6 +5,7 @@
 
 #include "app/console_feed.h"
 #include "app/menus.h"
+#include "platform/search.h"
 #include "platform/thread.h"
 #include "tests/support/fixture.h"
 #include "toolkit/core/output.h"
@@ -22,7 +23,7 @@ class Interface : public WindowTest {
         RowOf(window, title).Changed(value);
     }
     platform::FormRow& RowOf(std::uint8_t window, std::string_view title) {
-        return *std::ranges::find(Host(window).Rows, title, &platform::FormRow::Title);
+        return *platform::RowWith(Host(window).Rows, &platform::FormRow::Title, title);
     }
 
     const platform::MenuItem* ItemTitled(std::string_view title) {
@@ -145,8 +146,9 @@ TEST_F(Interface, FormWindowsReachWindowsAndPreferences) {
         Change(12, title, 0);
         EXPECT_EQ(t_FrontWindow(), window) << title;
     }
-    platform::FormRow& first = *std::ranges::find_if(
-        Host(12).Rows,
+    auto& rows = Host(12).Rows;
+    platform::FormRow& first = *std::find_if(
+        rows.begin(), rows.end(),
         [](const platform::FormRow& row) { return row.Wording && row.Changed != nullptr; });
     EXPECT_EQ(first.Wording(), "Grafikfenster 0 zeigen");
     EXPECT_TRUE(first.Enabled());

@@ -65,7 +65,7 @@ TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
         switch (way) {
             case 0:
                 ASSERT_TRUE(toolkit::WriteRun(address, run));
-                std::ranges::copy(run, at);
+                std::copy(run.begin(), run.end(), at);
                 break;
             case 1:
                 ASSERT_TRUE(toolkit::FillRun(address, count, static_cast<std::uint8_t>(step)));
@@ -78,7 +78,7 @@ TEST_F(MemoryRuns, BehaveLikeSingleBytesAtEveryPlaceAndLength) {
             default:
                 t_MoveMemory(other, address, count);
                 const Bytes copy(model.data() + other, model.data() + other + count);
-                std::ranges::copy(copy, at);
+                std::copy(copy.begin(), copy.end(), at);
         }
         const toolkit::Moment before = std::exchange(taken, toolkit::TakeMarks(base, kArea));
         ASSERT_TRUE(CountsAsChanged(before, base, address, count));

@@ -1,6 +1,6 @@
 #include "toolkit/core/shared.h"
 
-#include <thread>
+#include <future>
 
 #include "tests/support/fixture.h"
 
@@ -58,8 +58,9 @@ TEST_F(SharedFields, CountWhatEveryThreadAdds) {
         for (int i = 0; i < 50'000; ++i) t_Windows[0].PositionX += 1, ++t_Windows[0].PositionY;
     };
     {
-        const std::jthread threads[] = {std::jthread(count), std::jthread(count),
-                                        std::jthread(count), std::jthread(count)};
+        const std::future<void> threads[] = {
+            std::async(std::launch::async, count), std::async(std::launch::async, count),
+            std::async(std::launch::async, count), std::async(std::launch::async, count)};
     }
     EXPECT_EQ(t_Windows[0].PositionX, 200'000);
     EXPECT_EQ(t_Windows[0].PositionY, 200'000);

@@ -1,5 +1,5 @@
+#include <future>
 #include <optional>
-#include <thread>
 #include <vector>
 
 #include "tests/support/fixture.h"
@@ -40,13 +40,13 @@ TEST_F(Events, WaitAsTheyAre) {
 
 TEST_F(Events, OfManyThreadsArriveInOrderAndNoneIsLost) {
     constexpr std::int64_t kEach = 50'000;
-    std::vector<std::jthread> threads;
+    std::vector<std::future<void>> threads;
     for (std::int64_t n = 0; n < 4; ++n) {
-        threads.emplace_back([n] {
+        threads.push_back(std::async(std::launch::async, [n] {
             t_Event event;
             event.Index = n;
             for (; event.Value < kEach; ++event.Value) t_MouseEventQueue.Append(event);
-        });
+        }));
     }
     std::vector<std::int64_t> next(4);
     for (std::int64_t taken = 0; taken < 4 * kEach;) {

@@ -78,7 +78,7 @@ TEST_F(FontFiles, MissingOrEmptyOnesGiveNoFont) {
     const std::string reason = "getbinaryfromfile: Error #";
     EXPECT_TRUE(Lines.starts_with(reason) && Lines.ends_with("\n" + line)) << Lines;
     EXPECT_GT(Lines.find('\n'), reason.size());
-    EXPECT_EQ(std::ranges::count(Lines, '\n'), 2);
+    EXPECT_EQ(std::count(Lines.begin(), Lines.end(), '\n'), 2);
 }
 
 TEST_F(FontFiles, OfAnotherTypeAreReportedAndTheirIdentifierKept) {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "platform/search.h"
 #include "tests/support/fixture.h"
 
 // The font and sound files that the program comes with.
@@ -36,7 +37,7 @@ class Resources : public ToolkitTest {
         for (auto row = rule.begin(); row != rule.end(); row += kWidth) {
             EXPECT_EQ(std::count(row, row + kWidth, *row), kWidth);
         }
-        EXPECT_TRUE(std::ranges::count(rule, 255) > 0 && std::ranges::count(rule, 0) > 0);
+        EXPECT_TRUE(platform::Contains(rule, 255) && platform::Contains(rule, 0));
     }
 
     static void ExpectDistinctCharacters(const t_Font& font) {

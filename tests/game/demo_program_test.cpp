@@ -33,8 +33,8 @@ class Game : public ToolkitTest {
     // Runs the whole program. At each prompt for the delay the next of `prompts` is typed, at each
     // question the next of `answers`; `inFrame` is called in the pause of each frame.
     void Play(Strings prompts, Strings answers, std::function<void()> inFrame) {
-        std::ranges::reverse(prompts);
-        std::ranges::reverse(answers);
+        std::reverse(prompts.begin(), prompts.end());
+        std::reverse(answers.begin(), answers.end());
         bool playing = false;
         desktop.OnSleep = [&] {
             if (platform::OnMain()) return;

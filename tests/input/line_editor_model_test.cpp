@@ -77,7 +77,8 @@ TEST_F(LineEditorModel, AgreesAfterEveryKey) {
             Type(digits);
             std::fill_n(screen.begin() + start, field.Content.size(), ' ');
             field.Apply(key, digits);
-            std::ranges::transform(field.Content, screen.begin() + start, Shown);
+            std::transform(field.Content.begin(), field.Content.end(), screen.begin() + start,
+                           Shown);
             t_InputEdit(0, key);
 
             const std::vector<char32_t> content = toolkit::Characters(w.InputString);

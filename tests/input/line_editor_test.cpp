@@ -66,7 +66,7 @@ TEST_F(LineEditor, KeysMakeTheText) {
     for (const FormRow& row : kForms) {
         t_CursorHome(0);
         std::string keys = row.Keys;
-        std::ranges::replace(keys, '^', '\x1E');
+        std::replace(keys.begin(), keys.end(), '^', '\x1E');
         Type(keys);
         EXPECT_EQ(t_InputForm(0, "", row.Preset, false, row.Mode, row.Maximum), row.Result);
         EXPECT_EQ(w.InputFinished, keys.back() == '\r');

@@ -67,7 +67,7 @@ bool BlockModel::Apply(const WindowSetUp& setUp, AppDelegate& delegate) {
     const std::int64_t graphic = height * setUp.BitDepth * width / 8;
     const std::int64_t text = setUp.HasFont ? 2 * (width / 8) * (height / 8) : 0;
     constexpr std::array<std::int64_t, 6> kDepths = {1, 4, 8, 16, 24, 32};
-    const bool known = std::ranges::find(kDepths, setUp.BitDepth) != kDepths.end();
+    const bool known = std::find(kDepths.begin(), kDepths.end(), setUp.BitDepth) != kDepths.end();
     if (!known || graphic + text > Mark() - 65'536) return false;
     for (const bool isText : {false, true}) {
         if (isText && text == 0) continue;

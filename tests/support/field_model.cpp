@@ -37,7 +37,7 @@ void FieldModel::InsertByNumber(std::string_view digits) {
 
 void FieldModel::Apply(std::int64_t key, std::string_view digits) {
     const auto is = [key](std::initializer_list<std::int64_t> keys) {
-        return std::ranges::find(keys, key) != keys.end();
+        return std::find(keys.begin(), keys.end(), key) != keys.end();
     };
     const std::size_t end = Content.size();
     if (is({3, 5, 6, 10})) Cursor = end;

@@ -1,7 +1,7 @@
 #include "tests/support/fixture.h"
 
 #include <atomic>
-#include <thread>
+#include <future>
 
 #include "app/interface.h"
 #include "tests/support/globals.h"
@@ -48,8 +48,8 @@ void ToolkitTest::OnTwoThreads(const std::function<void(int thread)>& action) {
         action(thread);
         ++done;
     };
-    const std::jthread first(run, 0);
-    const std::jthread second(run, 1);
+    const auto first = std::async(std::launch::async, run, 0);
+    const auto second = std::async(std::launch::async, run, 1);
     ASSERT_TRUE(desktop.ServeUntil([&] { return done == 2; }));
 }
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+#include "toolkit/core/shared_bytes.h"
+
 // The machine's memory: one flat byte array that every drawing operation writes and every frame
 // reads, on different threads and without a lock. All access goes through the functions below,
 // which move bytes as shared_bytes.h says: a reader may see a run half written (a torn picture),
@@ -73,7 +75,7 @@ inline constexpr std::int64_t kReservedBytes = 0x1'0000;    // at the lowest add
 /// The byte at `address`; 0 outside the memory.
 [[nodiscard]] inline std::uint8_t Peek(std::int64_t address) {
     if (!InMemory(address, 1)) return 0;
-    return std::atomic_ref(t_Memory.data()[address]).load(std::memory_order_relaxed);
+    return LoadByte(t_Memory.data() + address);
 }
 
 /// One mark for every piece of so many bytes: 1 when it was written to since the mark was taken,
@@ -93,9 +95,8 @@ void MarkWritten(std::int64_t address, std::int64_t count);
 /// Writes one byte; nothing outside the memory.
 inline void Poke(std::int64_t address, std::uint8_t byte) {
     if (!InMemory(address, 1)) return;
-    std::atomic_ref(*WritableAt(address)).store(byte, std::memory_order_relaxed);
-    std::uint8_t& mark = writeMarks[static_cast<std::size_t>(address / kMarkedPiece)];
-    std::atomic_ref(mark).store(1, std::memory_order_release);
+    StoreByte(WritableAt(address), byte);
+    SetMark(&writeMarks[static_cast<std::size_t>(address / kMarkedPiece)]);
 }
 
 // Runs. A run that leaves the memory is left alone as a whole; the result tells.

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <span>
 
 #include "toolkit/core/memory.h"
+#include "toolkit/core/shared_bytes.h"
 
 namespace toolkit {
 
@@ -24,12 +24,6 @@ std::span<typename OfAll::value_type> Pieces(OfAll& all, std::int64_t address, s
                                   static_cast<std::size_t>(last - first + 1));
 }
 
-bool Take(std::uint8_t& mark) {
-    const std::atomic_ref shared(mark);
-    return shared.load(std::memory_order_relaxed) != 0 &&
-           shared.exchange(0, std::memory_order_acq_rel) != 0;
-}
-
 }  // namespace
 
 Moment TakeMarks(std::int64_t address, std::int64_t count) {
@@ -37,7 +31,7 @@ Moment TakeMarks(std::int64_t address, std::int64_t count) {
     if (count < 1) return now;
     auto change = Pieces(changes, address, count).begin();
     for (std::uint8_t& mark : Pieces(writeMarks, address, count)) {
-        if (Take(mark)) *change = now;
+        if (TakeMark(&mark)) *change = now;
         ++change;
     }
     return now;
@@ -45,9 +39,10 @@ Moment TakeMarks(std::int64_t address, std::int64_t count) {
 
 bool ChangedSince(Moment moment, std::int64_t address, std::int64_t count) {
     if (count < 1) return false;
+    const auto pieces = Pieces(changes, address, count);
     return t_Memory.IsWrittenUnmarked() ||
-           std::ranges::any_of(Pieces(changes, address, count),
-                               [moment](Moment change) { return change > moment; });
+           std::any_of(pieces.begin(), pieces.end(),
+                       [moment](Moment change) { return change > moment; });
 }
 
 }  // namespace toolkit

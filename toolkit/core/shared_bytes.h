@@ -9,7 +9,8 @@
 
 // How bytes that several threads use at once are read and written: through relaxed atomics of one
 // byte or one aligned 8-byte word, so that a reader may see a run half written, never anything
-// worse.
+// worse. They are the compilers' builtins: these take a word where bytes were made, which
+// std::atomic_ref does not, and are there with every standard library.
 //
 // On x86-64 runs also move 16 bytes at a time. C++ has no atomic of that size that would be as fast
 // as the memory; the processor has: an aligned 16-byte move is done as one, or as two 8-byte moves
@@ -41,8 +42,17 @@ inline void StoreByte(std::uint8_t* at, std::uint8_t byte) {
     __atomic_store_n(at, byte, __ATOMIC_RELAXED);
 }
 
-/// `at` is a multiple of 8. The builtins, unlike std::atomic_ref, take a word where bytes were
-/// made.
+/// A mark is a byte: 1 when set. Whoever takes one finds what was written before it was set.
+inline void SetMark(std::uint8_t* at) {
+    __atomic_store_n(at, std::uint8_t{1}, __ATOMIC_RELEASE);
+}
+
+/// Sets a mark back; whether it was set.
+inline bool TakeMark(std::uint8_t* at) {
+    return LoadByte(at) != 0 && __atomic_exchange_n(at, std::uint8_t{0}, __ATOMIC_ACQ_REL) != 0;
+}
+
+/// `at` is a multiple of 8.
 inline Word LoadWord(const std::uint8_t* at) {
     return __atomic_load_n(reinterpret_cast<const Word*>(at), __ATOMIC_RELAXED);
 }
@@ -83,7 +93,7 @@ inline void SetMarks(std::uint8_t* at, std::int64_t count) {
         for (std::int64_t i = 0; i < count - kVector; i += kVector) setSixteen(at + i);
         return setSixteen(at + count - kVector);
     }
-    for (; count > 0; --count) __atomic_store_n(at++, std::uint8_t{1}, __ATOMIC_RELEASE);
+    for (; count > 0; --count) SetMark(at++);
 }
 
 /// Whether MoveString is fast here.
@@ -120,7 +130,7 @@ inline void Store16(std::uint8_t* at, Bytes16 bytes) {
 }
 
 inline void SetMarks(std::uint8_t* at, std::int64_t count) {
-    for (; count > 0; --count) __atomic_store_n(at++, std::uint8_t{1}, __ATOMIC_RELEASE);
+    for (; count > 0; --count) SetMark(at++);
 }
 
 inline bool HasFastStrings() {

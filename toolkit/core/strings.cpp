@@ -12,8 +12,9 @@ constexpr std::int64_t kMostSpaces = 32'767;
 
 // How far the lower-case form of an upper-case letter lies behind it; 0 for other characters.
 std::int64_t LowerCaseDistance(std::int64_t code) {
-    const auto* const behind =
-        std::ranges::upper_bound(toolkit::kLowerCaseRanges, code, {}, &toolkit::CaseRange::First);
+    const auto* const behind = std::upper_bound(
+        std::begin(toolkit::kLowerCaseRanges), std::end(toolkit::kLowerCaseRanges), code,
+        [](std::int64_t wanted, const toolkit::CaseRange& range) { return wanted < range.First; });
     if (behind == std::begin(toolkit::kLowerCaseRanges)) return 0;
     const toolkit::CaseRange& range = behind[-1];
     return code <= range.Last && (code - range.First) % range.Step == 0 ? range.Distance : 0;

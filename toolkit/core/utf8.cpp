@@ -38,8 +38,9 @@ std::size_t BytesOfCharacters(std::string_view string, std::int64_t count) {
 
 Decoded DecodeFirst(std::string_view bytes) {
     const auto lead = static_cast<std::uint8_t>(bytes.front());
-    const auto* const row = std::ranges::find_if(
-        kLeads, [lead](const LeadRow& r) { return (lead & r.Mask) == r.Pattern; });
+    const auto* const row =
+        std::find_if(std::begin(kLeads), std::end(kLeads),
+                     [lead](const LeadRow& r) { return (lead & r.Mask) == r.Pattern; });
     if (row == std::end(kLeads) || bytes.size() < row->Length) return kInvalid;
     char32_t code = lead & static_cast<std::uint8_t>(~row->Mask);
     for (const char c : bytes.substr(1, row->Length - 1)) {

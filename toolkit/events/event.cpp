@@ -41,9 +41,8 @@ static_assert(sizeof(QueuedEvent) <= 56);  // with what a queue adds, 64 bytes
 bool QueuedEvent::IsSmall(const t_Event& event) {
     return event.Description.size() <= kMostCharacters && Fits<std::uint8_t>(event.Kind) &&
            Fits<std::uint16_t>(event.Mods) &&
-           std::ranges::all_of(kNumberFields, [&event](std::int64_t t_Event::*field) {
-               return Fits<std::int32_t>(event.*field);
-           });
+           std::all_of(std::begin(kNumberFields), std::end(kNumberFields),
+                       [&event](auto field) { return Fits<std::int32_t>(event.*field); });
 }
 
 QueuedEvent::QueuedEvent(t_Event event) {
@@ -53,9 +52,8 @@ QueuedEvent::QueuedEvent(t_Event event) {
         return;
     }
     time_ = event.Time;
-    std::ranges::transform(kNumberFields, numbers_.begin(), [&event](std::int64_t t_Event::*field) {
-        return static_cast<std::int32_t>(event.*field);
-    });
+    std::transform(std::begin(kNumberFields), std::end(kNumberFields), numbers_.begin(),
+                   [&event](auto field) { return static_cast<std::int32_t>(event.*field); });
     mods_ = static_cast<std::uint16_t>(event.Mods);
     for (std::size_t i = 0; i < std::size(kFlagFields); ++i) {
         if (event.*kFlagFields[i]) flags_ = static_cast<std::uint16_t>(flags_ | 1U << i);

@@ -69,7 +69,8 @@ class EventQueue {
     template <typename Fits>
     [[nodiscard]] bool Any(const Fits& fits) const {
         const std::lock_guard lock(mutex_);
-        return std::ranges::any_of(events_, [&](const Kept& event) { return fits(Event(event)); });
+        return std::any_of(events_.begin(), events_.end(),
+                           [&](const Kept& event) { return fits(Event(event)); });
     }
 
     /// A copy of the event at `position`, from 0 for the oldest; an empty record where there is

@@ -1,7 +1,9 @@
 #include "toolkit/events/menu.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <utility>
+
+#include "platform/search.h"
 
 constinit toolkit::Shared<bool> t_MenuEventPending;
 toolkit::EventQueue<t_MenuEvent>& t_MenuEventQueue =
@@ -33,14 +35,14 @@ void MenuActionList::Change(std::int64_t index, const std::function<void(t_MenuA
 
 void MenuActionList::erase(std::int64_t index) {
     const std::lock_guard lock(mutex_);
-    if (Has(index)) actions_.erase(actions_.begin() + index);
+    if (Has(index)) actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
 std::int64_t MenuActionList::IndexOf(std::int64_t tag) const {
     if (tag == 0) return -1;
     const std::lock_guard lock(mutex_);
-    const auto found = std::ranges::find(actions_, tag, &t_MenuAction::Tag);
-    return found == actions_.end() ? -1 : found - actions_.begin();
+    const t_MenuAction* const found = platform::RowWith(actions_, &t_MenuAction::Tag, tag);
+    return found == nullptr ? -1 : found - actions_.data();
 }
 
 void MenuActionList::SetFile(std::int64_t index, std::string path, std::string name) {

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "platform/platform.h"
+#include "platform/search.h"
 #include "toolkit/core/files.h"
 #include "toolkit/core/output.h"
 #include "toolkit/font/lzw.h"
@@ -83,8 +84,8 @@ t_Font t_LoadFontResource(std::string_view name) {
 }
 
 t_Font t_FontDecompress(const t_Font& font) {
-    const auto* const row = std::ranges::find(kFormats, font.Format, &FormatRow::Compressed);
-    if (row == std::end(kFormats)) return font;
+    const auto* const row = platform::RowWith(kFormats, &FormatRow::Compressed, font.Format);
+    if (row == nullptr) return font;
     t_Font plain = font;
     plain.Format = row->Plain;
     if (!font.Data.empty()) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/search.h"
 #include "toolkit/core/codes.h"
 #include "toolkit/core/escapes.h"
 #include "toolkit/core/numbers.h"
@@ -312,8 +313,8 @@ void t_InputEdit(std::uint8_t window, std::int64_t key) {
     ClampCursor(*w);
     w->TextVpos = w->InputVpos;
     PlaceCursor(*w);
-    const auto* const row = std::ranges::find(kKeys, key, &KeyRow::Code);
-    if (row != std::end(kKeys)) {
+    const auto* const row = platform::RowWith(kKeys, &KeyRow::Code, key);
+    if (row != nullptr) {
         row->Run(window, *w);
     } else if (key >= kBlank) {
         t_InputInsert(window, key);

@@ -1,11 +1,11 @@
 #include "toolkit/input/menu_events.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/search.h"
 #include "toolkit/core/clock.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
@@ -149,8 +149,8 @@ void RunGraphicAction(BuiltIn action) {
 void RunAction(std::int64_t index) {
     const BuiltIn action{t_MenuActions[index].Action};
     if (IsGraphicAction(action)) return RunGraphicAction(action);
-    const auto* const row = std::ranges::find(kActions, action, &ActionRow::Action);
-    if (row != std::end(kActions)) row->Run(index, row->Argument);
+    const auto* const row = platform::RowWith(kActions, &ActionRow::Action, action);
+    if (row != nullptr) row->Run(index, row->Argument);
 }
 
 t_MenuEvent EventOf(const platform::MenuItem& item) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/search.h"
 #include "toolkit/core/codes.h"
 #include "toolkit/core/utf8.h"
 
@@ -43,8 +44,8 @@ constexpr EffectRow kEffects[] = {
 };
 
 Effect EffectOf(char32_t key) {
-    const auto* const row = std::ranges::find(kEffects, key, &EffectRow::Code);
-    return row == std::end(kEffects) ? Effect::Other : row->What;
+    const auto* const row = platform::RowWith(kEffects, &EffectRow::Code, key);
+    return row == nullptr ? Effect::Other : row->What;
 }
 
 // The characters that an input mode may accept besides the digits; no value: it accepts all.

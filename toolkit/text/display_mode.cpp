@@ -87,8 +87,9 @@ t_DisplayCode Escape(std::uint8_t window, t_Window& w, std::int64_t k, t_Display
     } else if (k >= kFirstBackground && k < kColorsEnd) {
         state.Color = static_cast<std::uint8_t>((k - kFirstBackground) | (state.Color & 0xF0));
     } else {
-        const auto* const row = std::ranges::find_if(
-            kCommands, [k](const CommandRow& r) { return k >= r.First && k <= r.Last; });
+        const auto* const row =
+            std::find_if(std::begin(kCommands), std::end(kCommands),
+                         [k](const CommandRow& r) { return k >= r.First && k <= r.Last; });
         if (row == std::end(kCommands)) return {k, state.Inverse, state.Color};
         w.TextDisplayMode = 0;
         row->Run(window, w, row->Argument + k - row->First);

@@ -253,7 +253,9 @@ const std::uint8_t* GlyphStore::Find(const GlyphKey& key, std::span<const std::u
     const std::size_t at = (key.Symbol + 256U * (key.Pair + 7U * key.BitDepth)) % kSlots;
     Label& label = labels_[at];
     Slot& slot = slots_[at];
-    if (label.Kept == key && std::ranges::equal(slot.Grey, grey)) return slot.Finished.data();
+    if (label.Kept == key &&
+        std::equal(slot.Grey.begin(), slot.Grey.end(), grey.begin(), grey.end()))
+        return slot.Finished.data();
     if (label.Wanted != key) {
         label.Wanted = key;
         return nullptr;

@@ -123,7 +123,7 @@ void DrawOrRefuse(const Target& target, const CellToDraw& cell) {
     if (!target.HasGlyph(cell.What.Symbol)) return;
     if (target.Font.Format == kGreyFormat) {
         DrawGlyph(target, cell);
-    } else if (std::ranges::find(kOtherFormats, target.Font.Format) != std::end(kOtherFormats)) {
+    } else if (platform::Contains(kOtherFormats, target.Font.Format)) {
         PrintLine("t_PrintSymbol: Font format must be uncompressed grey for text-printing.");
     } else {
         PrintLine("t_PrintSymbol: Illegal font format.");

@@ -85,8 +85,9 @@ void ReleaseBlocks(std::uint8_t window) {
     std::vector<std::uint8_t> below = WindowsBelow(end);
     for (const std::uint8_t j : below) LogMove(prefix, j, end, size);
     // Highest block first, whatever the numbers say: each moves into space that is already free.
-    std::ranges::sort(below, std::ranges::greater(),
-                      [](std::uint8_t j) -> std::int64_t { return t_Windows[j].MemoryStart; });
+    std::sort(below.begin(), below.end(), [](std::uint8_t a, std::uint8_t b) {
+        return t_Windows[a].MemoryStart > t_Windows[b].MemoryStart;
+    });
     for (const std::uint8_t j : below) {
         t_Window& other = t_Windows[j];
         const bool text = HasTextBlockBelow(other, end);
