@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iostream>
 
+#include "platform/headless/headless.h"
+#include "toolkit/font/font.h"
 #include "tools/lzw.h"
 
 namespace tools {
@@ -36,31 +39,26 @@ std::vector<std::uint8_t> FontBytes(const Font& font, FontFormat format) {
     std::vector<std::uint8_t> data;
     for (const Cell& cell : font) data.insert(data.end(), cell.begin(), cell.end());
     if (format == FontFormat::PackedGrey) data = LzwPack(data);
-    std::vector<std::uint8_t> bytes(kHeaderSize + data.size());
-    std::ranges::copy(Header(format), bytes.begin());
-    std::ranges::copy(data, bytes.begin() + kHeaderSize);
+    const auto header = Header(format);
+    std::vector<std::uint8_t> bytes(header.size() + data.size());
+    std::copy(data.begin(), data.end(), std::copy(header.begin(), header.end(), bytes.begin()));
     return bytes;
 }
 
-std::optional<Font> FontFromBytes(std::span<const std::uint8_t> bytes) {
-    if (bytes.size() < kHeaderSize) return std::nullopt;
-    const auto format = static_cast<FontFormat>(bytes[5]);
-    if (format != FontFormat::Grey && format != FontFormat::PackedGrey) return std::nullopt;
-    if (!std::ranges::equal(bytes.first(kHeaderSize), Header(format))) return std::nullopt;
-
-    std::span<const std::uint8_t> data = bytes.subspan(kHeaderSize);
-    std::optional<std::vector<std::uint8_t>> unpacked;
-    if (format == FontFormat::PackedGrey) {
-        unpacked = LzwUnpack(data, kFontBytes);
-        if (!unpacked) return std::nullopt;
-        data = *unpacked;
+std::optional<Font> LoadFont(const std::string& folder, const std::string& name) {
+    platform::headless::Headless desktop;
+    desktop.ResourceFolder = folder;
+    const t_Font loaded = t_LoadFontResource(name);
+    if (loaded.Width != kCellWidth || loaded.Height != kCellHeight ||
+        loaded.Data.size() != kFontBytes) {
+        std::cerr << folder << '/' << name << " is no font of 16 x 32 pixels.\n";
+        return std::nullopt;
     }
-    if (data.size() != kFontBytes) return std::nullopt;
-
     Font font{};
+    const std::uint8_t* data = loaded.Data.data();
     for (Cell& cell : font) {
-        std::ranges::copy(data.first(kCellBytes), cell.begin());
-        data = data.subspan(kCellBytes);
+        std::copy_n(data, kCellBytes, cell.begin());
+        data += kCellBytes;
     }
     return font;
 }

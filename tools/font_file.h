@@ -13,7 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
+#include <string>
 #include <vector>
 
 #include "tools/glyph_cell.h"
@@ -28,8 +28,8 @@ using Font = std::array<Cell, kCellCodes>;
 /// The bytes of a font file.
 [[nodiscard]] std::vector<std::uint8_t> FontBytes(const Font& font, FontFormat format);
 
-/// The font in the bytes of a file of either format; no value unless it is whole and its cells
-/// have the size of `Cell`.
-[[nodiscard]] std::optional<Font> FontFromBytes(std::span<const std::uint8_t> bytes);
+/// The font in the file `name` of `folder`, as the toolkit loads it; no value, after a fault line on
+/// standard error, unless it is whole and its cells have the size of `Cell`.
+[[nodiscard]] std::optional<Font> LoadFont(const std::string& folder, const std::string& name);
 
 }  // namespace tools

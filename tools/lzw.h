@@ -8,9 +8,7 @@
 // Codes 0 to 255 stand for single bytes, each further code for the next dictionary entry. There is
 // no clear code and no end code, and the dictionary grows without limit.
 
-#include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -19,9 +17,5 @@ namespace tools {
 /// The stream for `bytes`, in the smallest width from 8 bits up that holds its largest code. With
 /// 8 bits or more to a code the zero bits at the end are too few to be read as one more code.
 [[nodiscard]] std::vector<std::uint8_t> LzwPack(std::span<const std::uint8_t> bytes);
-
-/// The bytes of a stream. No value for a stream that is invalid or holds more than `limit` bytes.
-[[nodiscard]] std::optional<std::vector<std::uint8_t>> LzwUnpack(
-    std::span<const std::uint8_t> stream, std::size_t limit);
 
 }  // namespace tools

@@ -12,8 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/search.h"
 #include "tools/canvas.h"
-#include "tools/file_bytes.h"
 #include "tools/font_file.h"
 #include "tools/graphic_glyphs.h"
 
@@ -95,15 +95,15 @@ constexpr int kWidth = kInnerWidth + 2 * kMargin;
 constexpr int kHeight = kMargin + kTitleHeight + 2 * kFontHeight;
 
 consteval bool SampleIsSquare() {
-    return std::ranges::all_of(
-        kSample, [](std::u32string_view line) { return line.size() == kSampleColumns; });
+    return std::all_of(std::begin(kSample), std::end(kSample),
+                       [](std::u32string_view line) { return line.size() == kSampleColumns; });
 }
 static_assert(SampleIsSquare());
 static_assert(kSampleColumns * kCellWidth + 2 * kSampleBorder == kInnerWidth);
 
 int CodeOf(char32_t character) {
-    const LookRow* const row = std::ranges::find(kLooks, character, &LookRow::Character);
-    return row == std::end(kLooks) ? static_cast<int>(character) & 0xFF : row->Code;
+    const LookRow* const row = platform::RowWith(kLooks, &LookRow::Character, character);
+    return row == nullptr ? static_cast<int>(character) & 0xFF : row->Code;
 }
 
 const tools::Cell& CellOf(const Font& font, int code) {
@@ -164,14 +164,6 @@ void DrawFont(Canvas& canvas, const Font& font, std::string_view name, int top) 
     DrawSample(canvas, font, top);
 }
 
-std::optional<Font> LoadFont(const std::string& path) {
-    const auto bytes = tools::ReadFile(path);
-    if (!bytes) return std::nullopt;
-    const std::optional<Font> font = tools::FontFromBytes(*bytes);
-    if (!font) std::cerr << path << " is no font of 16 x 32 pixels.\n";
-    return font;
-}
-
 }  // namespace
 
 int main(int count, char** words) {
@@ -183,7 +175,7 @@ int main(int count, char** words) {
     Canvas canvas(kWidth, kHeight, kPaper);
     int top = kMargin + kTitleHeight;
     for (const char* const file : kFontFiles) {
-        const std::optional<Font> font = LoadFont(folder + '/' + file);
+        const std::optional<Font> font = tools::LoadFont(folder, file);
         if (!font) return EXIT_FAILURE;
         if (file == kFontFiles[0]) DrawText(canvas, *font, "Korvandi", kGridLeft, kMargin, kInk, 2);
         DrawFont(canvas, *font, file, top);

@@ -61,11 +61,11 @@ bool MakeFontFile(const FontRow& row, const std::string& outlineFolder,
     if (!font) return false;
 
     const std::vector<std::uint8_t> bytes = tools::FontBytes(*font, format);
-    if (tools::FontFromBytes(bytes) != font) {
+    if (!tools::WriteFile(targetFolder + '/' + row.FontFile, bytes)) return false;
+    if (tools::LoadFont(targetFolder, row.FontFile) != font) {
         std::cerr << row.FontFile << " does not read back as the font it was made from.\n";
         return false;
     }
-    if (!tools::WriteFile(targetFolder + '/' + row.FontFile, bytes)) return false;
     std::cout << "  " << bytes.size() << " bytes\n";
     return true;
 }

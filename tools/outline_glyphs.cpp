@@ -15,6 +15,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/search.h"
+
 namespace tools {
 namespace {
 
@@ -67,7 +69,8 @@ std::vector<Points> Contours(FT_Outline& outline) {
 }
 
 FT_Pos Lowest(Points points) {
-    return std::ranges::min(points, {}, &FT_Vector::y).y;
+    const auto lower = [](const FT_Vector& a, const FT_Vector& b) { return a.y < b.y; };
+    return std::min_element(points.begin(), points.end(), lower)->y;
 }
 
 // Gives the accent of a flattened letter the shape it has in `plain`, the outline without hinting.
@@ -75,7 +78,8 @@ void RestoreTilde(FT_Outline& outline, std::span<const FT_Vector> plain) {
     std::size_t first = 0;
     for (const Points points : Contours(outline)) {
         if (Lowest(points) >= kSmallHeight) {
-            std::ranges::copy(plain.subspan(first, points.size()), points.begin());
+            std::copy_n(plain.begin() + static_cast<std::ptrdiff_t>(first), points.size(),
+                        points.begin());
         }
         first += points.size();
     }
@@ -169,7 +173,7 @@ std::optional<Cell> OutlineFont::Glyph(char32_t character) const {
         std::cerr << Name(character) << " cannot be hinted.\n";
         return std::nullopt;
     }
-    if (std::ranges::find(kFlattened, character) != std::end(kFlattened)) {
+    if (platform::Contains(kFlattened, character)) {
         RestoreTilde(outline, plain);
     }
     FitIntoCell(outline, character);
