@@ -17,7 +17,7 @@ Canvas::Canvas(int width, int height, Rgb paper)
 
 void Canvas::Blend(int x, int y, Rgb ink, int coverage) {
     if (x < 0 || x >= width_ || y < 0 || y >= height_) return;
-    std::uint8_t* const pixel = bytes_.data() + (y * width_ + x) * 3;
+    std::uint8_t* const pixel = bytes_.data() + (std::ptrdiff_t{y} * width_ + x) * 3;
     const auto blend = [coverage](std::uint8_t& under, std::uint8_t over) {
         under = static_cast<std::uint8_t>((over * coverage + under * (255 - coverage) + 127) / 255);
     };
@@ -44,7 +44,8 @@ void Canvas::DrawCell(const Cell& cell, int left, int top, Rgb ink, int scale) {
 void Canvas::DrawSmallCell(const Cell& cell, int left, int top, Rgb ink) {
     for (int y = 0; y < kCellHeight / 2; ++y) {
         for (int x = 0; x < kCellWidth / 2; ++x) {
-            const std::uint8_t* const square = cell.data() + 2 * y * kCellWidth + 2 * x;
+            const std::uint8_t* const square =
+                cell.data() + 2 * (std::ptrdiff_t{y} * kCellWidth + x);
             const int sum = square[0] + square[1] + square[kCellWidth] + square[kCellWidth + 1];
             Blend(left + x, top + y, ink, sum / 4);
         }

@@ -4,6 +4,7 @@
 // are pixels from the upper left corner of the cell; ranges are half open.
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace tools {
@@ -13,7 +14,7 @@ constexpr int kCellHeight = 32;
 constexpr int kCellCodes = 256;
 
 /// The ink of one glyph, 0 background to 255 full ink; rows top to bottom, pixels left to right.
-using Cell = std::array<std::uint8_t, kCellWidth * kCellHeight>;
+using Cell = std::array<std::uint8_t, std::size_t{kCellWidth} * kCellHeight>;
 
 /// The pixels from (Left, Top) up to but without (Right, Bottom).
 struct Box {
@@ -39,7 +40,8 @@ void Cover(Cell& cell, Inside inside) {
             int hits = 0;
             for (int point = 0; point < kPoints * kPoints; ++point) {
                 const double pointX = x + (point % kPoints + 0.5) / kPoints;
-                const double pointY = y + (point / kPoints + 0.5) / kPoints;
+                const int row = point / kPoints;
+                const double pointY = y + (row + 0.5) / kPoints;
                 if (inside(pointX, pointY)) ++hits;
             }
             const int ink = hits * 255 / (kPoints * kPoints);

@@ -50,9 +50,9 @@ void PutChunk(Bytes& bytes, std::string_view mark, const Bytes& content) {
 
 // A whole number in extended precision: sign and exponent, then 64 bits with the highest one set.
 void PutExtended(Bytes& bytes, std::uint64_t number) {
-    constexpr int kBias = 16'383;
-    const int exponent = static_cast<int>(std::bit_width(number)) - 1;
-    Put(bytes, static_cast<std::uint64_t>(kBias + exponent), 2);
+    constexpr std::uint64_t kBias = 16'383;
+    const auto exponent = static_cast<std::uint64_t>(std::bit_width(number)) - 1;
+    Put(bytes, kBias + exponent, 2);
     Put(bytes, number << (63 - exponent), 8);
 }
 

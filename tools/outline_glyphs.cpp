@@ -161,7 +161,7 @@ std::optional<OutlineFont> OutlineFont::Open(const std::string& path) {
 // Light hinting puts horizontal strokes on whole pixels and leaves widths as they are: crisp feet
 // and bars, and stems of even weight.
 std::optional<Cell> OutlineFont::Glyph(char32_t character) const {
-    const FT_Face face = handles_->Face;
+    FT_FaceRec* const face = handles_->Face;
     const FT_UInt index = FT_Get_Char_Index(face, character);
     FT_Outline& outline = face->glyph->outline;
     if (index == 0 || FT_Load_Glyph(face, index, FT_LOAD_NO_HINTING) != 0) {
