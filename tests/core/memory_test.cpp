@@ -41,7 +41,7 @@ bool HoldsAround(const Bytes& model, std::int64_t address, std::int64_t count) {
     const std::int64_t to = std::min(address + count + kMargin, t_Memory.size());
     Bytes seen(static_cast<std::size_t>(to - from));
     return toolkit::ReadRun(from, seen) &&
-           std::ranges::equal(seen, std::span(model.data() + from, seen.size()));
+           std::equal(seen.begin(), seen.end(), model.data() + from);
 }
 
 }  // namespace

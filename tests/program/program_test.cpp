@@ -15,11 +15,7 @@ using Pixels = WindowTest;
 using OwnMenus = ToolkitTest;
 using WindowText = WindowTest;
 using Waiting = ToolkitTest;
-
-class Pointers : public WindowTest {
-  protected:
-    Pointers() { toolkit::ForgetPointers(); }
-};
+using Pointers = WindowTest;
 
 // What a color becomes at a depth, told in the words of the frame.
 t_RGBColor Shown(std::int64_t bits, const t_RGBColor& color) {

@@ -1,5 +1,6 @@
 #include "tests/support/globals.h"
 
+#include "toolkit/program/menu_choices.h"
 #include "toolkit/toolkit.h"
 
 void ResetGlobals() {
@@ -23,6 +24,8 @@ void ResetGlobals() {
     t_MenuHandler = nullptr;
     t_MenuWindowProc = t_SysBeep;
     t_MouseHandler = nullptr;
+    toolkit::MenuChoices().Clear();
+    toolkit::ForgetPointers();
     t_RandomLast = 0;
     toolkit::SoundsOn = true;
     for (toolkit::Shared<bool>* flag :

@@ -1,6 +1,7 @@
 #include "toolkit/program/window_text.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "platform/main_queue.h"
 #include "toolkit/core/numbers.h"
@@ -24,8 +25,9 @@ std::int64_t TextWidth(std::uint8_t window, std::string_view text) {
     constexpr char32_t kFirstPrintable = 32;
     const t_Window* const w = toolkit::UsableWindow(__func__, window, Need::TextBlock);
     if (w == nullptr) return 0;
-    const auto printable = std::ranges::count_if(toolkit::Characters(text),
-                                                 [](char32_t c) { return c >= kFirstPrintable; });
+    const std::vector<char32_t> characters = toolkit::Characters(text);
+    const auto printable = std::count_if(characters.begin(), characters.end(),
+                                         [](char32_t c) { return c >= kFirstPrintable; });
     return toolkit::Times(printable, w->Font.Width);
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "platform/search.h"
 #include "toolkit/core/bit_depths.h"
 #include "toolkit/core/memory.h"
 #include "toolkit/core/numbers.h"
