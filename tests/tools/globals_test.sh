@@ -8,7 +8,7 @@ cd "${1:-$(dirname "$0")/../..}"
 # The tables and the memory are made anew, marks and all, by whoever needs them; the flags follow
 # their queues.
 others='t_FontIdentifier t_UpperCaseTable t_LowerCaseTable t_HexDigits t_HexValue t_Memory writeMarks
-t_EventPending t_MouseEventPending t_MenuEventPending'
+t_EventPending t_MouseEventPending t_MenuEventPending menuChoicePending'
 
 globals=$(grep -rh '^extern ' toolkit --include='*.h' | sed 's/;.*//; s/.*[ &*]//')
 [ "$(wc -l <<< "$globals")" -gt 30 ] || { echo "too few globals were found"; exit 1; }
