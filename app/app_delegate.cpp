@@ -8,6 +8,7 @@
 #include "toolkit/core/numbers.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/tables.h"
+#include "toolkit/core/text_layout.h"
 #include "toolkit/core/threads.h"
 #include "toolkit/core/window_numbers.h"
 #include "toolkit/input/menu_events.h"
@@ -22,23 +23,18 @@ using toolkit::PrintLine;
 
 namespace {
 
-constexpr double kRoomForRuler = 15;  // above the scroll view
-constexpr double kRulerHeight = 19;
-constexpr double kRulerMargins = 48;  // left and right, together
-
 // Fits a text window's scroll view, and its ruler, into the frame below the title bar.
 void LayOut(const toolkit::Outlets& outlets, const OtherWindow& row, const platform::Rect& frame) {
     platform::ScrollView* const scroll = outlets.*row.Scroll;
     if (scroll == nullptr) return;
-    const double content = frame.Height - static_cast<double>(std::int64_t(t_TitleBarHeight));
-    const double room = row.Ruler == nullptr ? 0 : kRoomForRuler;
-    const platform::Rect area{row.Margin, row.Margin, frame.Width - 2 * row.Margin,
-                              content - 2 * row.Margin - room};
+    const double height = frame.Height - static_cast<double>(std::int64_t(t_TitleBarHeight));
+    const platform::Rect area = TextPlace(*row.Layout, frame.Width, height);
     scroll->SetFrame(area);
     platform::Ruler* const ruler = row.Ruler == nullptr ? nullptr : outlets.*row.Ruler;
     if (ruler == nullptr) return;
     const platform::Rect before = ruler->Frame();
-    ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - kRulerMargins, kRulerHeight});
+    ruler->SetFrame({before.X, area.Y + area.Height, frame.Width - row.Layout->RulerRest,
+                     row.Layout->RulerHeight});
 }
 
 std::int64_t VisibleWindows() {
@@ -177,7 +173,7 @@ void AppDelegate::MenuHandler(const platform::MenuItem& item) {
 
 std::int64_t AppDelegate::MeasuredTitleBarHeight() const {
     if (PasteboardWindow == nullptr || PasteboardScrollView == nullptr) return 0;
-    const double margins = 2 * toolkit::OtherWindowOf(toolkit::kPasteboardWindow)->Margin;
     return toolkit::Truncated(PasteboardWindow->Frame().Height -
-                              PasteboardScrollView->Frame().Height - margins);
+                              PasteboardScrollView->Frame().Height -
+                              toolkit::kPlainText.RestOfHeight);
 }

@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "toolkit/core/output.h"
 #include "toolkit/core/sounds.h"
+#include "toolkit/core/text_layout.h"
 #include "toolkit/core/window_numbers.h"
 #include "toolkit/start/graphic_view.h"
 #include "toolkit/window/host_windows.h"
@@ -45,7 +46,7 @@ void AddGraphicWindows(toolkit::Outlets& outlets) {
 void AddTextWindow(toolkit::Outlets& outlets, std::uint8_t window, std::string_view title) {
     const toolkit::OtherWindow& row = *toolkit::OtherWindowOf(window);
     const auto made = platform::Current().WindowMaker->MakeTextWindow(
-        title, kTextWindowWidth, kTextWindowHeight, row.Ruler != nullptr);
+        title, kTextWindowWidth, kTextWindowHeight, *row.Layout);
     outlets.*row.Host = made.Host;
     outlets.*row.Scroll = made.Scroll;
     outlets.*row.Text = made.Text;
@@ -56,7 +57,8 @@ void AddTextWindows(toolkit::Outlets& outlets) {
     AddTextWindow(outlets, toolkit::kPasteboardWindow, "Zwischenablage");
     AddTextWindow(outlets, toolkit::kPrinterWindow, "Drucker");
     AddTextWindow(outlets, toolkit::kConsoleWindow, "Systemkonsole");
-    toolkit::SetOutputListener(MakeConsoleFeed(*outlets.SystemConsoleTextView));
+    platform::TextView* const console = outlets.SystemConsoleTextView;
+    if (console != nullptr) toolkit::SetOutputListener(MakeConsoleFeed(*console));
 }
 
 FormRow Words(FormRow::Kind kind, std::string_view text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,17 +37,20 @@ struct Alert {
     std::vector<std::string> Buttons;  // at least one; the first one is the usual answer
 };
 
+/// Optional: as it stands nobody is there, who cancels every panel and answers with the last button.
 class Panels {
   public:
     virtual ~Panels() = default;
 
     /// The chosen paths; empty when the person cancelled.
-    virtual std::vector<std::string> RunOpenPanel(const OpenPanel& panel) = 0;
+    virtual std::vector<std::string> RunOpenPanel(const OpenPanel& /*panel*/) { return {}; }
     /// No value when the person cancelled.
-    virtual std::optional<std::string> RunSavePanel(const SavePanel& panel) = 0;
+    virtual std::optional<std::string> RunSavePanel(const SavePanel& /*panel*/) {
+        return std::nullopt;
+    }
     /// The position of the pressed button in `Buttons`, from 0; the last one when the person
-    /// pressed Escape or closed the window.
-    virtual std::int64_t RunAlert(const Alert& alert) = 0;
+    /// pressed Escape or closed the window. Return presses the first one.
+    virtual std::int64_t RunAlert(const Alert& alert) { return std::ssize(alert.Buttons) - 1; }
 };
 
 }  // namespace platform

@@ -11,10 +11,13 @@
 #include "platform/window.h"
 
 // The seam between the toolkit and a desktop: everything that the toolkit asks of one, in the
-// toolkit's words. An implementation fills a Platform and installs it before anything else runs.
+// toolkit's words. An implementation opens the main queue on its main thread, fills a Platform and
+// installs it; then the interface can be built and Application::Run be called. docs/platform.md
+// tells all that an implementation does.
 
 namespace platform {
 
+/// All are to be set; they live as long as the process.
 struct Platform {
     platform::Application* Application = nullptr;
     platform::WindowMaker* WindowMaker = nullptr;

@@ -11,19 +11,20 @@ class Sound {
     virtual ~Sound() = default;
 
     [[nodiscard]] virtual bool IsPlaying() = 0;
+    /// Begins the sound; nothing while it plays.
     virtual void Play() = 0;
 };
 
-/// The desktop's sounds. Any thread, as quick as a Sound.
+/// The desktop's sounds. Any thread, as quick as a Sound. Optional: as it stands there are none.
 class Sounds {
   public:
     virtual ~Sounds() = default;
 
     /// The sound in the resource file `name`; nullptr when there is no such file. The sound lives
     /// as long as the process.
-    [[nodiscard]] virtual Sound* Named(const std::string& name) = 0;
+    [[nodiscard]] virtual Sound* Named(const std::string& /*name*/) { return nullptr; }
     /// The desktop's own warning sound.
-    virtual void Beep() = 0;
+    virtual void Beep() {}
 };
 
 }  // namespace platform

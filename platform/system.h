@@ -18,7 +18,7 @@ class Clock {
 
     /// Seconds since the first instant of 2001 (UTC). Never steps back while the process runs.
     [[nodiscard]] virtual double Now() = 0;
-    /// Blocks the calling thread for this long.
+    /// Blocks the calling thread for this long; not at all for nothing or less.
     virtual void Sleep(std::chrono::nanoseconds duration) = 0;
 
     // Pauses of those who wait for something. Where time stands still, plain sleeps.
@@ -61,6 +61,9 @@ struct FileContent {
     std::error_code Error;
 };
 
+/// Reads the whole regular file at `path` from the disk.
+[[nodiscard]] FileContent ReadFileFromDisk(const std::string& path);
+
 class Resources {
   public:
     virtual ~Resources() = default;
@@ -70,14 +73,14 @@ class Resources {
     /// Path of the folder that holds the program's resource files, without a slash at the end.
     [[nodiscard]] virtual std::string Directory() = 0;
     /// The folders in which that one was looked for in vain; none when it is there.
-    [[nodiscard]] virtual std::vector<std::string> SearchedInVain() = 0;
-    /// The whole regular file at `path`.
-    [[nodiscard]] virtual FileContent ReadFile(const std::string& path) = 0;
+    /// Optional: none.
+    [[nodiscard]] virtual std::vector<std::string> SearchedInVain() { return {}; }
+    /// The whole regular file at `path`. Optional: as it is on the disk, which is also what an
+    /// implementation reads for a path that it has nothing else for.
+    [[nodiscard]] virtual FileContent ReadFile(const std::string& path) {
+        return ReadFileFromDisk(path);
+    }
 };
-
-/// Reads the whole regular file at `path` from the disk: what every implementation of
-/// Resources::ReadFile does for a path that it has nothing else for.
-[[nodiscard]] FileContent ReadFileFromDisk(const std::string& path);
 
 /// Makes `bytes` the content of the regular file at `path`, which need not exist yet; a link is
 /// followed. The bytes go to a new file beside it first, which takes its place, its permissions and

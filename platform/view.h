@@ -65,10 +65,12 @@ class View {
   public:
     virtual ~View() = default;
 
-    /// Marks the view: the next display pass asks its client for a picture. Returns at once.
+    /// Marks the view: the next display pass asks its client for a picture. Returns at once. A view
+    /// begins marked; while it cannot be seen, it keeps the mark until it is shown.
     virtual void SetNeedsDisplay() = 0;
 
     /// Makes a display pass of this view now; returns when the picture was handed to the screen.
+    /// Only marks a view that cannot be seen, or whose client is just being asked.
     virtual void Display() = 0;
 
     /// The window that holds the view; nullptr when none does.

@@ -8,6 +8,7 @@
 
 #include "platform/geometry.h"
 #include "platform/picture.h"
+#include "platform/text_layout.h"
 #include "platform/view.h"
 
 // Windows and what can stand in them. Main thread throughout.
@@ -17,6 +18,9 @@ namespace platform {
 /// Style masks of Window::SetStyleMask.
 inline constexpr std::int64_t kBorderless = 0;
 inline constexpr std::int64_t kTitledClosableMiniaturizable = 7;
+
+/// The largest number that Window::SetZoom keeps; above it counts as this.
+inline constexpr double kLargestZoom = 16;
 
 /// A window on the screen.
 ///
@@ -31,13 +35,18 @@ class Window {
     [[nodiscard]] virtual Rect Frame() const = 0;
     /// The whole screen that shows the window (the first screen for a window never shown).
     [[nodiscard]] virtual Rect ScreenFrame() const = 0;
-    /// Places and sizes the window, shown or not.
+    /// Places and sizes the window, shown or not. A platform may round to whole points and keep
+    /// the content at one point or more.
     virtual void SetFrame(const Rect& frame) = 0;
-    /// Centres the frame on the screen.
+    /// Centres the frame on the screen. Of a window that is too large for it the upper left corner
+    /// stays on the screen.
     virtual void Center() = 0;
 
+    /// Shown and not hidden since; a minimised window counts as visible.
     [[nodiscard]] virtual bool IsVisible() const = 0;
-    /// Shows the window in front of the others; the focus stays where it is.
+    /// Shows the window in front of the others; the focus stays where it is. A window that was
+    /// given no place yet, by Center or by SetFrame with another origin, is centred when it is
+    /// first shown.
     virtual void OrderFront() = 0;
     /// Shows the window in front of the others and gives it the focus.
     virtual void MakeKeyAndOrderFront() = 0;
@@ -46,7 +55,10 @@ class Window {
 
     /// UTF-8.
     virtual void SetTitle(std::string_view title) = 0;
-    /// kTitledClosableMiniaturizable or kBorderless. The frame stays as it is.
+    /// kTitledClosableMiniaturizable or kBorderless. The frame stays as it is: a content that loses
+    /// what stood above it grows upwards into that place. Views keep their places (their origin is
+    /// the lower left), texts and rulers follow, and the client is told windowDidResize. Nothing
+    /// happens when the window has this mask already.
     virtual void SetStyleMask(std::int64_t mask) = 0;
     /// What is seen where no view stands.
     virtual void SetBackgroundColor(Color color) = 0;
@@ -86,7 +98,8 @@ class TextView {
     virtual void SetNeedsDisplay() = 0;
 };
 
-/// The frame around a text view that scrolls it; in the window's content, origin lower left.
+/// The frame around a text view that scrolls it; in the window's content, origin lower left. It
+/// keeps its distance to all sides of the content when that gets another size.
 class ScrollView {
   public:
     virtual ~ScrollView() = default;
@@ -95,7 +108,8 @@ class ScrollView {
     virtual void SetFrame(const Rect& frame) = 0;
 };
 
-/// The ruler above a text: shows the columns of a fixed-width text. In the window's content.
+/// The ruler above a text: shows the columns of a fixed-width text. In the window's content. It
+/// keeps its distance to the sides and the top.
 class Ruler {
   public:
     virtual ~Ruler() = default;
@@ -125,13 +139,14 @@ struct FormRow {
     std::function<std::string()> Wording;
 };
 
-/// The parts of a window that shows a drawn picture.
+/// The parts of a window that shows a drawn picture; all nullptr where there are no windows.
 struct GraphicWindowParts {
     Window* Host = nullptr;
     View* Area = nullptr;
 };
 
-/// The parts of a text window; `Columns` is nullptr in a window without a ruler.
+/// The parts of a text window; `Columns` is nullptr in a window without a ruler, all are where
+/// there are no windows.
 struct TextWindowParts {
     Window* Host = nullptr;
     ScrollView* Scroll = nullptr;
@@ -140,19 +155,24 @@ struct TextWindowParts {
 };
 
 /// Makes windows. They are hidden when made, live as long as the process and carry the menus of
-/// the menu bar while they are titled.
+/// the menu bar while they are titled. Optional: as it stands it makes none.
 class WindowMaker {
   public:
     virtual ~WindowMaker() = default;
 
-    /// A window around one view that `client` draws; it is sized by zoom. The client must outlive
-    /// it.
-    virtual GraphicWindowParts MakeGraphicWindow(ViewClient& client) = 0;
+    /// A window around one view that `client` draws; it is sized by zoom. Its first size is the
+    /// platform's choice. Has client.awakeFromNib run before it returns. The client must outlive
+    /// the window.
+    virtual GraphicWindowParts MakeGraphicWindow(ViewClient& /*client*/) { return {}; }
     /// A text window that the person may size; `width` and `height` are the content's, in points.
-    virtual TextWindowParts MakeTextWindow(std::string_view title, double width, double height,
-                                           bool ruler) = 0;
+    virtual TextWindowParts MakeTextWindow(std::string_view /*title*/, double /*width*/,
+                                           double /*height*/, const TextLayout& /*layout*/) {
+        return {};
+    }
     /// A window with a column of labels and controls, sized to fit them.
-    virtual Window* MakeFormWindow(std::string_view title, std::vector<FormRow> rows) = 0;
+    virtual Window* MakeFormWindow(std::string_view /*title*/, std::vector<FormRow> /*rows*/) {
+        return nullptr;
+    }
 };
 
 }  // namespace platform

@@ -20,7 +20,6 @@ constexpr int kSettleMs = 300;
 // How often a place is asked for: the frame may have come late the first time.
 constexpr int kRequests = 2;
 
-constexpr double kLargestZoom = 16;
 constexpr int kBorderlessGrip = 20;  // of a window without a title bar, in points
 
 // Wayland tells no program where its windows are.

@@ -9,33 +9,18 @@ namespace platform::desktop {
 
 namespace {
 
-// Margins in points. The ruler begins where the text begins inside the scroll view.
-constexpr double kMargin = 10;
-constexpr double kMarginWithRuler = 20;
-constexpr double kRoomForRuler = 15;
-constexpr double kRulerMargin = 24;
-constexpr double kRulerHeight = 19;
-
 // Still shows some lines of text and the first columns of the ruler.
 constexpr QSize kSmallestContent(320, 200);
 
-Rect Inside(const QSize& content, double margin, double roomAbove) {
-    return {margin, margin, content.width() - 2 * margin,
-            content.height() - 2 * margin - roomAbove};
-}
-
 }  // namespace
 
-TextWindow::TextWindow(Desk& desk, QString title, QSize content, bool ruler)
+TextWindow::TextWindow(Desk& desk, QString title, QSize content, const TextLayout& layout)
     : HostWindow(desk, std::move(title), content, Sizing::ByPerson),
-      hasRuler_(ruler),
+      hasRuler_(layout.RulerHeight > 0),
       scroll_(*this),
       ruler_(*this) {
-    scroll_.SetFrame(ruler ? Inside(content, kMarginWithRuler, kRoomForRuler)
-                           : Inside(content, kMargin, 0));
-    const Rect text = scroll_.Frame();
-    ruler_.SetFrame(
-        {kRulerMargin, text.Y + text.Height + 1, content.width() - 2 * kRulerMargin, kRulerHeight});
+    scroll_.SetFrame(TextPlace(layout, content.width(), content.height()));
+    ruler_.SetFrame(RulerPlace(layout, content.width(), content.height()));
 }
 
 TextWindowParts TextWindow::Parts() {

@@ -48,7 +48,7 @@ class PlacedPart : public Part {
 /// all sides when the window is sized, the ruler to the sides and the top. Main thread.
 class TextWindow : public HostWindow {
   public:
-    TextWindow(Desk& desk, QString title, QSize content, bool ruler);
+    TextWindow(Desk& desk, QString title, QSize content, const TextLayout& layout);
 
     [[nodiscard]] TextWindowParts Parts();
 

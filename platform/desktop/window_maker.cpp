@@ -19,10 +19,10 @@ GraphicWindowParts DesktopWindowMaker::MakeGraphicWindow(ViewClient& client) {
 }
 
 TextWindowParts DesktopWindowMaker::MakeTextWindow(std::string_view title, double width,
-                                                   double height, bool ruler) {
+                                                   double height, const TextLayout& layout) {
     ExpectMain(__func__);
     const QSize content = QSizeF(width, height).toSize();
-    return (new TextWindow(desk_, ToQt(title), content, ruler))->Parts();
+    return (new TextWindow(desk_, ToQt(title), content, layout))->Parts();
 }
 
 Window* DesktopWindowMaker::MakeFormWindow(std::string_view title, std::vector<FormRow> rows) {

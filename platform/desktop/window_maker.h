@@ -16,7 +16,7 @@ class DesktopWindowMaker : public WindowMaker {
     explicit DesktopWindowMaker(Desk& desk) : desk_(desk) {}
     GraphicWindowParts MakeGraphicWindow(ViewClient& client) override;
     TextWindowParts MakeTextWindow(std::string_view title, double width, double height,
-                                   bool ruler) override;
+                                   const TextLayout& layout) override;
     Window* MakeFormWindow(std::string_view title, std::vector<FormRow> rows) override;
 
   private:

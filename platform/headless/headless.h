@@ -1,6 +1,8 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -12,85 +14,34 @@
 #include <utility>
 #include <vector>
 
+#include "platform/application.h"
+#include "platform/geometry.h"
+#include "platform/input.h"
+#include "platform/main_queue.h"
+#include "platform/menu.h"
+#include "platform/panels.h"
+#include "platform/pasteboard.h"
+#include "platform/picture.h"
 #include "platform/platform.h"
+#include "platform/sound.h"
+#include "platform/system.h"
+#include "platform/text_layout.h"
 #include "platform/text_store.h"
+#include "platform/view.h"
+#include "platform/window.h"
 
 // A desktop in memory: windows have frames and an order, the pasteboard keeps text, sounds are
 // noted, a display pass happens when it is asked for, and time stands still unless somebody sleeps.
 // For tests, benchmarks and programs without a screen. The thread that makes a Headless is its main
-// thread; the members are for that thread unless said otherwise.
+// thread; the members are for that thread unless said otherwise, and what overrides the seam sees to
+// it.
+//
+// headless.cpp: the application, panels and pasteboard; headless_windows.cpp: windows and views;
+// headless_machine.cpp: what any thread may call.
 
 namespace platform::headless {
 
 class Headless;
-
-/// A window, in the same terms as platform::Window.
-class HeadlessWindow final : public platform::Window {
-  public:
-    HeadlessWindow(Headless& desktop, double contentWidth, double contentHeight);
-
-    [[nodiscard]] Rect Frame() const override { return frame_; }
-    [[nodiscard]] Rect ScreenFrame() const override;
-    void SetFrame(const Rect& frame) override;
-    void Center() override;
-    [[nodiscard]] bool IsVisible() const override { return visible_; }
-    void OrderFront() override;
-    void MakeKeyAndOrderFront() override;
-    void OrderOut() override;
-    void SetTitle(std::string_view title) override { Title = title; }
-    void SetStyleMask(std::int64_t mask) override { StyleMask = mask; }
-    void SetBackgroundColor(Color color) override { Background = color; }
-    [[nodiscard]] double Zoom() const override;
-    [[nodiscard]] double LargestZoom() const override;
-    void SetZoom(double zoom) override;
-
-    /// Clicks the close box: the delegate is asked, and a window that it lets go is hidden.
-    void ClickCloseBox();
-
-    std::string Title;
-    std::int64_t StyleMask = kTitledClosableMiniaturizable;
-    Color Background;
-    std::vector<FormRow> Rows;  // of a form window
-    bool Zooms = false;         // a graphic window
-
-  private:
-    Headless& desktop_;
-    Rect frame_;
-    double zoom_ = 1;
-    bool visible_ = false;
-};
-
-/// A view and the person in front of it.
-class HeadlessView final : public View, private Canvas {
-  public:
-    HeadlessView(HeadlessWindow& window, ViewClient& client);
-
-    void SetNeedsDisplay() override { NeedsDisplay = true; }
-    void Display() override;
-    [[nodiscard]] platform::Window* HostWindow() override { return Attached ? &window_ : nullptr; }
-    [[nodiscard]] Rect Frame() const override { return frame_; }
-    void SetFrameSize(double width, double height) override;
-    void SetFrameOrigin(double x, double y) override;
-
-    void Press(const KeyPress& press);  // presses and releases a key
-    void MouseDown(const MousePress& press, bool rightButton);
-    void MouseUp(bool rightButton);
-
-    bool NeedsDisplay = false;
-    bool Attached = true;                              // false: the view stands in no window
-    std::optional<Picture> Shown;                      // what the view shows
-    std::int64_t DisplayPasses = 0;                    // that this view took part in
-    PixelOrder Order = PixelOrder::AlphaRedGreenBlue;  // that the screen wants
-    ViewClient& Client;
-
-  private:
-    Picture& Buffer() override { return buffer_; }
-    void Show(const Rows& /*changed*/) override { Shown = buffer_; }
-
-    HeadlessWindow& window_;
-    Rect frame_;
-    Picture buffer_;
-};
 
 /// The text of a text view, to be set and read as a string.
 class HeadlessText : public TextStore {
@@ -118,13 +69,13 @@ class HeadlessText : public TextStore {
 
 class HeadlessTextView final : public TextView {
   public:
-    [[nodiscard]] std::string Text() const override { return std::string(Content.Text()); }
-    void SetText(std::string text) override { Content.Set(std::move(text)); }
-    void AppendText(std::string_view text) override { Content.Append(text); }
-    void SetLineLimit(std::int64_t lines) override { Content.SetLimit(lines); }
-    void SetAutomaticSubstitutions(bool on) override { AutomaticSubstitutions = on; }
+    [[nodiscard]] std::string Text() const override;
+    void SetText(std::string text) override;
+    void AppendText(std::string_view text) override;
+    void SetLineLimit(std::int64_t lines) override;
+    void SetAutomaticSubstitutions(bool on) override;
     void SetFont(std::string_view family, double points) override;
-    void SetNeedsDisplay() override { ++DisplayRequests; }
+    void SetNeedsDisplay() override;
 
     HeadlessText Content;
     bool AutomaticSubstitutions = true;
@@ -138,11 +89,96 @@ template <typename Base>
 class HeadlessBox final : public Base {
   public:
     explicit HeadlessBox(const Rect& frame) : frame_(frame) {}
-    [[nodiscard]] Rect Frame() const override { return frame_; }
-    void SetFrame(const Rect& frame) override { frame_ = frame; }
+    [[nodiscard]] Rect Frame() const override {
+        ExpectMain(__func__);
+        return frame_;
+    }
+    void SetFrame(const Rect& frame) override {
+        ExpectMain(__func__);
+        frame_ = frame;
+    }
 
   private:
     Rect frame_;
+};
+
+/// A window, in the same terms as platform::Window.
+class HeadlessWindow final : public platform::Window {
+  public:
+    HeadlessWindow(Headless& desktop, double contentWidth, double contentHeight);
+
+    [[nodiscard]] Rect Frame() const override;
+    [[nodiscard]] Rect ScreenFrame() const override;
+    void SetFrame(const Rect& frame) override;
+    void Center() override;
+    [[nodiscard]] bool IsVisible() const override;
+    void OrderFront() override;
+    void MakeKeyAndOrderFront() override;
+    void OrderOut() override;
+    void SetTitle(std::string_view title) override;
+    void SetStyleMask(std::int64_t mask) override;
+    void SetBackgroundColor(Color color) override;
+    [[nodiscard]] double Zoom() const override;
+    [[nodiscard]] double LargestZoom() const override;
+    void SetZoom(double zoom) override;
+
+    /// Clicks the close box: the delegate is asked, and a window that it lets go is hidden.
+    void ClickCloseBox();
+
+    std::string Title;
+    std::int64_t StyleMask = kTitledClosableMiniaturizable;
+    Color Background;
+    std::vector<FormRow> Rows;  // of a form window
+    bool Zooms = false;         // a graphic window
+    // Of a text window, nullptr otherwise.
+    std::unique_ptr<HeadlessTextView> Text;
+    std::unique_ptr<HeadlessBox<ScrollView>> Scroll;
+    std::unique_ptr<HeadlessBox<Ruler>> Columns;
+
+  private:
+    [[nodiscard]] double Above() const;
+    void Show(bool key);
+    void Change(const Rect& frame, std::int64_t mask);
+    void Follow(double wider, double higher);
+
+    Headless& desktop_;
+    Rect frame_;
+    double zoom_ = 1;
+    bool visible_ = false;
+    bool everPlaced_ = false;
+};
+
+/// A view and the person in front of it.
+class HeadlessView final : public View, private Canvas {
+  public:
+    HeadlessView(HeadlessWindow& window, ViewClient& client);
+
+    void SetNeedsDisplay() override;
+    void Display() override;
+    [[nodiscard]] platform::Window* HostWindow() override;
+    [[nodiscard]] Rect Frame() const override;
+    void SetFrameSize(double width, double height) override;
+    void SetFrameOrigin(double x, double y) override;
+
+    void Press(const KeyPress& press);  // presses and releases a key
+    void MouseDown(const MousePress& press, bool rightButton);
+    void MouseUp(bool rightButton);
+
+    bool NeedsDisplay = true;
+    bool Attached = true;                              // false: the view stands in no window
+    std::optional<Picture> Shown;                      // what the view shows
+    std::int64_t DisplayPasses = 0;                    // that this view took part in
+    PixelOrder Order = PixelOrder::AlphaRedGreenBlue;  // that the screen wants
+    ViewClient& Client;
+
+  private:
+    Picture& Buffer() override { return buffer_; }
+    void Show(const Rows& /*changed*/) override { Shown = buffer_; }
+
+    HeadlessWindow& window_;
+    Rect frame_;
+    Picture buffer_;
+    bool asking_ = false;  // the client is being asked
 };
 
 /// The whole desktop: installs itself as the platform when it is made. Made once per test; must
@@ -193,9 +229,9 @@ class Headless final : public Application,
     std::vector<Alert> AlertsRun;
     std::optional<std::string> BoardText;
     std::optional<Picture> BoardPicture;
-    void ActivateOther() { active_ = nullptr; }  // another application comes to the front
+    void ActivateOther();  // another application comes to the front
 
-    /// A display pass of all marked views; returns how many there were.
+    /// A display pass of all marked views that are shown; returns how many there were.
     std::int64_t DisplayPass();
 
     // What the program did. Any thread.
@@ -220,13 +256,13 @@ class Headless final : public Application,
     void Terminate() override;
     [[noreturn]] void TerminateNow() override;
     void Serve(std::chrono::nanoseconds duration) override;
-    [[nodiscard]] Window* ActiveWindow() override { return active_; }
+    [[nodiscard]] Window* ActiveWindow() override;
     ApplicationClient* Client = nullptr;
 
     // platform::WindowMaker
     GraphicWindowParts MakeGraphicWindow(ViewClient& client) override;
     TextWindowParts MakeTextWindow(std::string_view title, double width, double height,
-                                   bool ruler) override;
+                                   const TextLayout& layout) override;
     Window* MakeFormWindow(std::string_view title, std::vector<FormRow> rows) override;
 
     // platform::Panels
@@ -235,10 +271,10 @@ class Headless final : public Application,
     std::int64_t RunAlert(const Alert& alert) override;
 
     // platform::Pasteboard
-    [[nodiscard]] std::optional<std::string> Text() override { return BoardText; }
+    [[nodiscard]] std::optional<std::string> Text() override;
     void Clear() override;
-    void SetText(std::string_view text) override { BoardText = text; }
-    void SetPicture(const Picture& picture) override { BoardPicture = picture; }
+    void SetText(std::string_view text) override;
+    void SetPicture(const Picture& picture) override;
 
     // platform::Sounds
     Sound* Named(const std::string& name) override;
@@ -260,12 +296,32 @@ class Headless final : public Application,
     void Note(std::string sound);
 
     friend class HeadlessWindow;
-    class NamedSound;
+
+    // A sound that has ended as soon as it was played, unless sounds are to last.
+    class NamedSound final : public Sound {
+      public:
+        NamedSound(Headless& desktop, std::string name)
+            : desktop_(desktop), name_(std::move(name)) {}
+
+        bool IsPlaying() override;
+        void Play() override;
+
+      private:
+        Headless& desktop_;
+        std::string name_;
+        std::atomic<bool> played_ = false;
+    };
 
     HeadlessWindow& AddWindow(double contentWidth, double contentHeight);
     void BringToFront(HeadlessWindow& window, bool key);
+    void Activate(Window* window);
     void WindowHidden(HeadlessWindow& window);
     void WindowResized(HeadlessWindow& window);
+    [[nodiscard]] bool AnythingVisible() const;
+    void TellThatNothingIsVisible();
+    [[nodiscard]] ApplicationClient* Listener() const;
+    void ServeOnce();
+    void End();
     std::string StartBackground(std::function<void()> task);
 
     std::mutex mutex_;  // guards what other threads reach: output, sounds, tasks, random numbers
@@ -278,13 +334,12 @@ class Headless final : public Application,
     std::atomic<std::int64_t> passed_ = 0;  // nanoseconds slept since the start
     std::chrono::steady_clock::time_point madeAt_ = std::chrono::steady_clock::now();
     std::atomic<bool> terminated_ = false;
+    bool ended_ = false;
+    bool inFront_ = true;  // among the applications
     Window* active_ = nullptr;
 
     std::vector<std::unique_ptr<HeadlessWindow>> windows_;
     std::vector<std::unique_ptr<HeadlessView>> views_;
-    std::vector<std::unique_ptr<HeadlessTextView>> texts_;
-    std::vector<std::unique_ptr<ScrollView>> scrolls_;
-    std::vector<std::unique_ptr<Ruler>> rulers_;
 };
 
 }  // namespace platform::headless

@@ -37,14 +37,17 @@ TEST_F(TextWindows, AreLaidOutForTheOneThatThePersonWorksIn) {
     t_InitMemory();
     for (const Row& row : rows) {
         SCOPED_TRACE(int(row.Window));
-        const Rect before = row.Scroll->Frame();
         desktop.ActivateOther();
-        Host(row.Window).SetFrame({5, 6, 900, 700});  // without a main window nothing happens
+        Host(row.Window).SetFrame({5, 6, 900, 700});
+        EXPECT_EQ(row.Scroll->Frame(), row.Area);  // the platform's doing
+        const Rect moved = {1, 2, 3, 4};
+        row.Scroll->SetFrame(moved);
+        delegate.windowDidResize(Host(row.Window));  // without a main window nothing happens
         for (const std::uint8_t window : {std::uint8_t{0}, std::uint8_t{11}, std::uint8_t{12}}) {
             t_WindowFront(window);
             delegate.windowDidResize(Host(row.Window));
         }
-        EXPECT_EQ(row.Scroll->Frame(), before);
+        EXPECT_EQ(row.Scroll->Frame(), moved);
         t_WindowFront(row.Window);
         delegate.windowDidResize(Host(12));  // whichever window it was
         EXPECT_EQ(row.Scroll->Frame(), row.Area);

@@ -53,6 +53,7 @@ TEST_F(Refreshing, AsksForAFrameAtMostAtTheRefreshRate) {
 
 TEST_F(Refreshing, AsksOnlyWindowsThatAreReadyForIt) {
     for (std::uint8_t n = 1; n < 6; ++n) Open(n, 8, 8, 4);
+    for (std::uint8_t n = 0; n < 8; ++n) View(n).NeedsDisplay = false;
     t_Windows[0].VerticalBlank = false;
     t_Windows[1].AutoUpdate = false;
     t_Windows[2].Initialized = false;

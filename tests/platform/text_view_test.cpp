@@ -27,6 +27,7 @@ std::string LastLines(const std::string& text, std::int64_t limit) {
 }  // namespace
 
 TEST(TextViews, KeepTheNewestLinesHoweverTheyEnd) {
+    const platform::headless::Headless desktop;
     Random random;
     for (int run = 0; run < 400; ++run) {
         platform::headless::HeadlessTextView view;

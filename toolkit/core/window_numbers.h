@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "toolkit/core/outlets.h"
+#include "toolkit/core/text_layout.h"
 
 // The numbers of the windows: 0 to 7 for the graphic windows, one each for the others, and what is
 // known of those beforehand.
@@ -27,19 +28,19 @@ struct OtherWindow {
     platform::ScrollView* Outlets::*Scroll = nullptr;
     platform::TextView* Outlets::*Text = nullptr;
     platform::Ruler* Outlets::*Ruler = nullptr;
-    double Margin = 0;  // on each side of the scroll view, points
+    const platform::TextLayout* Layout = nullptr;  // of a text window
 };
 
 /// In the order in which a window's number is looked up.
 inline constexpr OtherWindow kOtherWindows[] = {
     {kPrinterWindow, "Virtual printer", &Outlets::VirtualPrinterWindow,
      &Outlets::VirtualPrinterScrollView, &Outlets::VirtualPrinterTextView,
-     &Outlets::VirtualPrinterRuler, 20},
+     &Outlets::VirtualPrinterRuler, &kRuledText},
     {kConsoleWindow, "System console", &Outlets::SystemConsoleWindow,
      &Outlets::SystemConsoleScrollView, &Outlets::SystemConsoleTextView,
-     &Outlets::SystemConsoleRuler, 20},
+     &Outlets::SystemConsoleRuler, &kRuledText},
     {kPasteboardWindow, "Pasteboard", &Outlets::PasteboardWindow, &Outlets::PasteboardScrollView,
-     &Outlets::PasteboardTextView, nullptr, 10},
+     &Outlets::PasteboardTextView, nullptr, &kPlainText},
     {kPreferencesWindow, "Preferences", &Outlets::PreferencesWindow},
     {kMainWindow, "Main", &Outlets::MainWindow},
 };

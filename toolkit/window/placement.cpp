@@ -9,6 +9,7 @@
 #include "toolkit/core/output.h"
 #include "toolkit/core/palette.h"
 #include "toolkit/core/sounds.h"
+#include "toolkit/core/text_layout.h"
 #include "toolkit/core/threads.h"
 #include "toolkit/core/window_numbers.h"
 #include "toolkit/window/host_windows.h"
@@ -25,10 +26,6 @@ using toolkit::Truncated;
 namespace {
 
 constexpr std::int64_t kKeep = -1;
-
-// What lies around a text view inside its window.
-constexpr double kTextMarginWidth = 40;
-constexpr double kTextMarginHeight = 77;
 
 // The platform window of a number, or nullptr after the line that there is none.
 platform::Window* ExistingWindow(std::string_view operation, std::uint8_t window) {
@@ -205,10 +202,12 @@ void SizeTextWindow(platform::Window& host, const OtherWindow& row, const Place&
     host.SetFrame(RectOf(place.X, place.Y, place.Width, Plus(t_TitleBarHeight, place.Height)));
     if (scroll == nullptr) return;
     platform::Rect frame = scroll->Frame();
-    frame.Width =
-        widthArgument > 0 ? static_cast<double>(widthArgument) - kTextMarginWidth : before.Width;
-    frame.Height = heightArgument > 0 ? static_cast<double>(heightArgument) - kTextMarginHeight
-                                      : before.Height;
+    frame.Width = widthArgument > 0
+                      ? static_cast<double>(widthArgument) - toolkit::kSizedTextRestOfWidth
+                      : before.Width;
+    frame.Height = heightArgument > 0
+                       ? static_cast<double>(heightArgument) - toolkit::kSizedTextRestOfHeight
+                       : before.Height;
     scroll->SetFrame(frame);
 }
 
