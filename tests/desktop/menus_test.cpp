@@ -151,42 +151,48 @@ TEST_F(Menus, PanelsGivePathsAndCancel) {
     std::filesystem::remove_all(folder);
 }
 
+namespace {
+
+// Keys that belong to the program, pressed after another that gives it none.
+struct ProgramKeyRow {
+    const char* Layout;
+    const char* Key;
+    int Value;
+    const char* Before = "Alt_L";  // what is pressed first and gives no key
+};
+constexpr ProgramKeyRow kProgramKeys[] = {
+    {"us", "a", 97},
+    {"us", "b", 98, "Menu"},
+    {"us", "c", 99, "ctrl+shift+F10"},
+    {"us", "alt+f", 102},
+    {"us", "F10", 138},
+    {"us", "ctrl+shift+2", 0},
+    {"us", "ctrl+shift+6", 30},
+    {"us", "ctrl+6", 30},
+    {"us", "ctrl+7", 31},
+    {"fr", "ctrl+shift+15", 30},  // the key with the minus sign and the 6
+    {"fr", "ctrl+17", 31},        // underscore and 8
+    {"fr", "ctrl+shift+11", 0},   // é and 2
+    {"fr", "ctrl+shift+16", 31},  // è and 7
+    {"de", "ctrl+15", 30},        // 6
+    {"de", "ctrl+16", 31},
+    {"de", "ctrl+11", 0},
+    {"ch", "ctrl+15", 30},
+    {"ch", "ctrl+16", 31},
+    {"ch", "ctrl+11", 0},
+    {"us", "ctrl+slash", 31},
+    {"us", "ctrl+space", 0},
+};
+
+}  // namespace
+
 TEST_F(Menus, KeysBelongToTheProgramWhileNoMenuIsOpen) {
     const Place edit = MenuTitle(OpenProbe(), "Bearbeiten");
     probe->Say("keys");
     ASSERT_TRUE(probe->Line("probe: ready"));
     const auto next = [this] { return probe->Line("probe: key").value_or("nothing"); };
-    struct Row {
-        const char* Layout;
-        const char* Key;
-        int Value;
-        const char* Before = "Alt_L";  // what is pressed first and gives no key
-    };
-    constexpr Row kRows[] = {
-        {"us", "a", 97},
-        {"us", "b", 98, "Menu"},
-        {"us", "c", 99, "ctrl+shift+F10"},
-        {"us", "alt+f", 102},
-        {"us", "F10", 138},
-        {"us", "ctrl+shift+2", 0},
-        {"us", "ctrl+shift+6", 30},
-        {"us", "ctrl+6", 30},
-        {"us", "ctrl+7", 31},
-        {"fr", "ctrl+shift+15", 30},  // the key with the minus sign and the 6
-        {"fr", "ctrl+17", 31},        // underscore and 8
-        {"fr", "ctrl+shift+11", 0},   // é and 2
-        {"fr", "ctrl+shift+16", 31},  // è and 7
-        {"de", "ctrl+15", 30},        // 6
-        {"de", "ctrl+16", 31},
-        {"de", "ctrl+11", 0},
-        {"ch", "ctrl+15", 30},
-        {"ch", "ctrl+16", 31},
-        {"ch", "ctrl+11", 0},
-        {"us", "ctrl+slash", 31},
-        {"us", "ctrl+space", 0},
-    };
     std::string layout;
-    for (const Row& row : kRows) {
+    for (const ProgramKeyRow& row : kProgramKeys) {
         if (std::exchange(layout, row.Layout) != row.Layout) screen.Keyboard(row.Layout);
         screen.Press(row.Before);
         if (std::string(row.Before) != "Alt_L") screen.Press("Escape");  // closes a menu

@@ -326,6 +326,32 @@ TEST_F(Seam, ServesTheMainQueueWhileItWaits) {
 
 using SeamDeathTest = Seam;
 
+TEST_F(Seam, MembersForTheMainThreadEndTheProcessOnOthers) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto parts = MakeText({.RulerHeight = 19});
+    platform::View& view = *MakePicture().Area;
+    struct Row {
+        const char* Name;
+        std::function<void()> Call;
+    };
+    const Row rows[] = {
+        {"Serve", [] { Current().Application->Serve({}); }},
+        {"SetStyleMask", [&] { parts.Host->SetStyleMask(0); }},
+        {"AppendText", [&] { parts.Text->AppendText("x"); }},
+        {"SetFrame", [&] { parts.Columns->SetFrame({}); }},
+        {"SetNeedsDisplay", [&] { view.SetNeedsDisplay(); }},
+        {"RunAlert",
+         [] {
+             static_cast<void>(Current().Panels->RunAlert({"", "", {"x"}}));
+         }},
+        {"Clear", [] { Current().Pasteboard->Clear(); }},
+    };
+    for (const Row& row : rows) {
+        const auto line = std::string(row.Name) + ": called on another thread than the main thread";
+        EXPECT_DEATH(std::thread(row.Call).join(), line);
+    }
+}
+
 TEST_F(SeamDeathTest, EndsOnceHoweverItIsAsked) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto endsOnce = testing::ExitedWithCode(0);
