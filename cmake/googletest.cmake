@@ -1,5 +1,5 @@
-# The target GTest::gtest_main where GoogleTest is found: its library, or with libc++, which needs one
-# of its own, its sources.
+# The targets GTest::gtest and GTest::gtest_main where GoogleTest is found: its library, or with
+# libc++, which needs one of its own, its sources.
 if(NOT KORVANDI_LIBCXX)
   find_package(GTest QUIET)
   return()
@@ -15,4 +15,5 @@ if(GOOGLETEST_SOURCES)
   target_compile_options(korvandi_googletest PRIVATE -w)
   target_link_libraries(korvandi_googletest PUBLIC Threads::Threads)
   add_library(GTest::gtest_main ALIAS korvandi_googletest)
+  add_library(GTest::gtest ALIAS korvandi_googletest)
 endif()

@@ -56,6 +56,8 @@ ViewWidget::ViewWidget(DrawingArea& area, ViewClient& client, QWidget& content)
     answer_.setSingleShot(true);
     answer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&answer_, &QTimer::timeout, this, [this] { AskForAnswer(); });
+    setMouseTracking(true);
+    content_.setMouseTracking(true);
     content_.installEventFilter(this);
     LayOut();
 }
@@ -70,18 +72,24 @@ bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Resize:
             LayOut();
             return false;
+        case QEvent::Leave:
+            client_.pointerDidLeave();
+            return false;
         case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick: {
-            const auto& press = static_cast<const QMouseEvent&>(*event);
-            Press(press, press.position());
-            return true;
-        }
+        case QEvent::MouseButtonDblClick:
         case QEvent::MouseButtonRelease:
-            Release(static_cast<const QMouseEvent&>(*event));
+        case QEvent::MouseMove:
+            HandleOnBorder(static_cast<const QMouseEvent&>(*event));
             return true;
         default:
             return false;
     }
+}
+
+void ViewWidget::HandleOnBorder(const QMouseEvent& event) {
+    if (event.type() == QEvent::MouseMove) return Move(event, event.position());
+    if (event.type() == QEvent::MouseButtonRelease) return Release(event, event.position());
+    Press(event, event.position());
 }
 
 bool ViewWidget::event(QEvent* event) {
@@ -147,7 +155,11 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
-    Release(*event);
+    Release(*event, event->position() + pos());
+}
+
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
+    Move(*event, event->position() + pos());
 }
 
 void ViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -166,29 +178,42 @@ void ViewWidget::ReleaseKey() {
 
 // `place` counts from the upper left of the content. A press on the topmost row of the frame's
 // points is at the full height of its content, whatever the zoom.
-void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
-    if (!IsLeftOrRight(event)) return;
+MousePress ViewWidget::PressAt(const QMouseEvent& event, const QPointF& place) const {
     MousePress press;
     const Rect frame = area_.Frame();
     press.X = frame.X + Points(place.x() - x(), frame.Width, width());
     press.Y = frame.Y + frame.Height - Points(place.y() - y(), frame.Height, height());
     press.Buttons = static_cast<std::int64_t>(event.buttons().toInt());
     press.ModifierFlags = FlagsOf(event.modifiers()) | (FlagsHeldNow() & kCapsLockFlag);
-    if (event.button() == Qt::RightButton) {
-        client_.rightMouseDown(press);
-    } else {
-        client_.mouseDown(press);
-    }
-    ShowAnswer();
+    return press;
 }
 
-void ViewWidget::Release(const QMouseEvent& event) {
-    if (!IsLeftOrRight(event)) return;
-    if (event.button() == Qt::RightButton) {
-        client_.rightMouseUp();
-    } else {
-        client_.mouseUp();
+void ViewWidget::Press(const QMouseEvent& event, const QPointF& place) {
+    const MousePress press = PressAt(event, place);
+    if (IsLeftOrRight(event)) {
+        if (event.button() == Qt::RightButton) {
+            client_.rightMouseDown(press);
+        } else {
+            client_.mouseDown(press);
+        }
+        ShowAnswer();
     }
+    client_.pointerDidChange(press);
+}
+
+void ViewWidget::Release(const QMouseEvent& event, const QPointF& place) {
+    if (IsLeftOrRight(event)) {
+        if (event.button() == Qt::RightButton) {
+            client_.rightMouseUp();
+        } else {
+            client_.mouseUp();
+        }
+    }
+    client_.pointerDidChange(PressAt(event, place));
+}
+
+void ViewWidget::Move(const QMouseEvent& event, const QPointF& place) {
+    client_.pointerDidChange(PressAt(event, place));
 }
 
 }  // namespace platform::desktop

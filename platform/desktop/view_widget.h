@@ -33,14 +33,18 @@ class ViewWidget : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
   private:
     void ReleaseKey();
     void ShowAnswer();
     void AskForAnswer();
+    [[nodiscard]] MousePress PressAt(const QMouseEvent& event, const QPointF& place) const;
     void Press(const QMouseEvent& event, const QPointF& place);
-    void Release(const QMouseEvent& event);
+    void Release(const QMouseEvent& event, const QPointF& place);
+    void Move(const QMouseEvent& event, const QPointF& place);
+    void HandleOnBorder(const QMouseEvent& event);
 
     DrawingArea& area_;
     ViewClient& client_;

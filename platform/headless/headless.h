@@ -163,6 +163,8 @@ class HeadlessView final : public View, private Canvas {
     void Press(const KeyPress& press);  // presses and releases a key
     void MouseDown(const MousePress& press, bool rightButton);
     void MouseUp(bool rightButton);
+    void MovePointer(const MousePress& pointer);  // to there, with these buttons held
+    void LeavePointer();                          // out of the view
 
     bool NeedsDisplay = true;
     bool Attached = true;                              // false: the view stands in no window
@@ -175,6 +177,7 @@ class HeadlessView final : public View, private Canvas {
     Picture& Buffer() override { return buffer_; }
     void Show(const Rows& /*changed*/) override { Shown = buffer_; }
 
+    MousePress pointer_;
     HeadlessWindow& window_;
     Rect frame_;
     Picture buffer_;

@@ -221,11 +221,25 @@ void HeadlessView::Press(const KeyPress& press) {
 void HeadlessView::MouseDown(const MousePress& press, bool rightButton) {
     ExpectMain(__func__);
     rightButton ? Client.rightMouseDown(press) : Client.mouseDown(press);
+    MovePointer(press);
 }
 
 void HeadlessView::MouseUp(bool rightButton) {
     ExpectMain(__func__);
     rightButton ? Client.rightMouseUp() : Client.mouseUp();
+    pointer_.Buttons = 0;
+    MovePointer(pointer_);
+}
+
+void HeadlessView::MovePointer(const MousePress& pointer) {
+    ExpectMain(__func__);
+    pointer_ = pointer;
+    Client.pointerDidChange(pointer);
+}
+
+void HeadlessView::LeavePointer() {
+    ExpectMain(__func__);
+    Client.pointerDidLeave();
 }
 
 }  // namespace platform::headless

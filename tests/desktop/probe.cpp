@@ -158,6 +158,12 @@ void AnswerMenu(std::istream& line) {
     Answer("menu " + platform::AskMain([&] { return PlaceOfMenu(title); }));
 }
 
+void AnswerPointer() {
+    const korvandi::MouseState mouse = korvandi::Mouse(0);
+    Answer(toolkit::Joined(mouse.Inside ? "inside " : "outside ", mouse.X, " ", mouse.Y, " ",
+                           mouse.Buttons));
+}
+
 void Scale(std::istream& line) {
     const std::int64_t width = Next(line);
     t_WindowSize(0, -1, -1, width, Next(line));
@@ -206,6 +212,7 @@ constexpr CommandRow kCommands[] = {
     {"pos", When::Instead,
      [](auto& line) { Answer(toolkit::Joined("pos ", t_WindowPos(0, Next(line)))); }},
     {"menu", When::Instead, AnswerMenu},
+    {"pointer", When::Instead, Just<AnswerPointer>},
     {"down", When::Instead,
      [](auto& /*line*/) { Answer(toolkit::Joined("down ", t_KeyDown ? 1 : 0)); }},
     {"ask", When::After, Just<AskForEver>},

@@ -59,6 +59,24 @@ class Zoom : public Desktop {
         }
     }
 
+    // In the same window: the pointer is where it is without a click, too, and leaves.
+    void ExpectPointerInLargerWindow(int left, int top) {
+        struct Row {
+            int X;  // from the upper left of the content
+            int Y;
+            const char* How;
+            const char* Seen;
+        };
+        for (const Row& row :
+             {Row{174, 99, "", "inside 100 50 0"}, Row{24, 24, "mousedown 1", "inside 0 0 1"},
+              Row{-30, 24, "", "outside 0 0 1"}, Row{503, 503, "mouseup 1", "inside 319 319 0"},
+              Row{504, 503, "", "outside 319 319 0"}, Row{-30, 24, "", "outside 319 319 0"}}) {
+            Click(left + row.X, top + row.Y, row.How);
+            EXPECT_TRUE(Eventually([&] { return Command("pointer") == row.Seen; }))
+                << row.X << ", " << row.Y << ": " << Command("pointer");
+        }
+    }
+
     // In a window that is much wider than its picture; the border begins below the menus.
     [[nodiscard]] bool CentresThePicture(const std::string& window) {
         return Eventually([&] {
@@ -99,6 +117,7 @@ TEST_F(Zoom, ShowsMoreAndTellsTheProgramNothing) {
     EXPECT_NEAR(2 * at.X + at.Width, 1600, 4) << "about the same centre";
     EXPECT_EQ(Codes(), codes);
     ExpectClicksInLargerWindow(at.X, at.Y + menus);
+    ExpectPointerInLargerWindow(at.X, at.Y + menus);
     // The preferences still show 100 %; choosing that is a choice all the same.
     screen.Press("ctrl+shift+e");
     Focus(screen.WindowTitled("Einstellungen"));

@@ -94,15 +94,15 @@ TEST_F(Pixels, OfAWindowWithoutAPictureEarnALine) {
 TEST_F(Pointers, AreToldInPixelsOfThePictureAndHeldAtItsEdges) {
     t_InitWindow(0, 24, true, 64, 32, 10, 5, TestFont(), true);
     EXPECT_EQ(korvandi::Mouse(0), korvandi::MouseState());
-    View(0).Client.pointerDidChange({10.5, 5.5, 0, 0});
+    View(0).MovePointer({10.5, 6.5, 0, 0});
     EXPECT_EQ(korvandi::Mouse(0), (korvandi::MouseState{true, 0, 31, 0}));
-    View(0).Client.pointerDidChange({73, 36, 3, 0});
+    View(0).MovePointer({73, 37, 3, 0});
     EXPECT_EQ(korvandi::Mouse(0), (korvandi::MouseState{true, 63, 0, 3}));
-    View(0).Client.pointerDidChange({-4, 400, 1, 0});
+    View(0).MovePointer({-4, 400, 1, 0});
     EXPECT_EQ(korvandi::Mouse(0), (korvandi::MouseState{false, 0, 0, 1}));
-    View(0).Client.pointerDidChange({20, 20, 0, 0});
-    View(0).Client.pointerDidLeave();
-    EXPECT_EQ(korvandi::Mouse(0), (korvandi::MouseState{false, 10, 16, 0}));
+    View(0).MovePointer({20, 20, 0, 0});
+    View(0).LeavePointer();
+    EXPECT_EQ(korvandi::Mouse(0), (korvandi::MouseState{false, 10, 17, 0}));
     EXPECT_EQ(Printed([] { static_cast<void>(korvandi::Mouse(3)); }),
               "Mouse: Window #3 not initialized.\n");
 }

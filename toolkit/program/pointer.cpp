@@ -73,8 +73,7 @@ korvandi::MouseState korvandi::Mouse(std::uint8_t window) {
     ChangePointer(window, [&](const Pointer& noted) { pointer = noted; });
     if (!pointer.Seen) return {};
     const std::int64_t x = toolkit::Minus(pointer.X, w->BorderWidth);
-    const std::int64_t y =
-        toolkit::Minus(toolkit::Plus(w->BorderHeight, w->Height), toolkit::Plus(pointer.Y, 1));
+    const std::int64_t y = toolkit::Minus(toolkit::Plus(w->BorderHeight, w->Height), pointer.Y);
     return {pointer.Inside && LiesIn(x, w->Width) && LiesIn(y, w->Height), Held(x, w->Width),
             Held(y, w->Height), pointer.Buttons};
 }
