@@ -8,6 +8,8 @@
 #include <ctime>
 #include <random>
 
+#include "platform/parts/system_time.h"
+
 namespace platform::parts {
 
 namespace {
@@ -58,11 +60,12 @@ double MachineClock::Now() {
 void MachineClock::Sleep(std::chrono::nanoseconds duration) {
     if (duration.count() <= 0) return;
     constexpr std::int64_t kPerSecond = 1'000'000'000;
-    timespec until{};
-    clock_gettime(CLOCK_MONOTONIC, &until);
-    const std::int64_t nanoseconds = until.tv_nsec + duration.count() % kPerSecond;
-    until.tv_sec += duration.count() / kPerSecond + nanoseconds / kPerSecond;
-    until.tv_nsec = nanoseconds % kPerSecond;
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    const std::int64_t nanoseconds = now.tv_nsec + duration.count() % kPerSecond;
+    const timespec until =
+        SystemTime(now.tv_sec + duration.count() / kPerSecond + nanoseconds / kPerSecond,
+                   nanoseconds % kPerSecond);
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) continue;
 }
 

@@ -11,6 +11,8 @@
 #include <csignal>
 #include <ctime>
 
+#include "platform/parts/system_time.h"
+
 namespace platform::parts {
 
 namespace {
@@ -44,14 +46,12 @@ class Interruption {
         event._sigev_un._tid = gettid();
         made_ = timer_create(CLOCK_MONOTONIC, &event, &timer_) == 0;
         if (!made_) return;
-        constexpr long kAgain = 5'000'000;  // nanoseconds
+        constexpr std::int64_t kAgain = 5'000'000;  // nanoseconds
         const std::int64_t first =
             std::max<std::int64_t>((from - steady_clock::now()) / std::chrono::nanoseconds(1), 1);
         constexpr std::int64_t kSecond = 1'000'000'000;
-        itimerspec times{};
-        times.it_value.tv_sec = first / kSecond;
-        times.it_value.tv_nsec = first % kSecond;
-        times.it_interval.tv_nsec = kAgain;
+        const itimerspec times{.it_interval = SystemTime(0, kAgain),
+                               .it_value = SystemTime(first / kSecond, first % kSecond)};
         timer_settime(timer_, 0, &times, nullptr);
     }
     ~Interruption() {
