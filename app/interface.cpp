@@ -133,6 +133,7 @@ void AddMainWindow(AppDelegate& delegate) {
 
 constexpr std::int64_t kRefreshRates[] = {10, 15, 30, 60};
 constexpr std::int64_t kUsualRate = 2;  // index of the rate that windows open with
+static_assert(kRefreshRates[kUsualRate] == toolkit::kUsualRefreshRate);
 
 template <typename Act>
 void ForEachOpenWindow(const Act& act) {

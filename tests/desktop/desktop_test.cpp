@@ -105,6 +105,7 @@ TEST_F(Desktop, TurnsKeysIntoValuesByPositionAndLayout) {
 
 TEST_F(Desktop, CloseBoxHidesAndNobodyIsLeftWithoutAWindow) {
     const std::string window = OpenProbe();
+    Focus(window);
     screen.Press("alt+F4");
     EXPECT_TRUE(probe->Line("t_MouseEventPostCloseBoxClick: Window = 0"));
     const std::string main = screen.WindowTitled("Hauptfenster");

@@ -141,6 +141,9 @@ Screen::Screen(const std::string& size, Manager manager) {
                          "grep 'window id'")
                     .empty();
     });
+    // With the first key the server changes to the keyboard of the tests, and a window manager asks
+    // for its keys anew: one pressed meanwhile would be lost.
+    Press("Shift_L");
 }
 
 std::string Screen::Do(const std::string& words) const {

@@ -32,7 +32,6 @@ constexpr std::int64_t kUsualWidth = 1280;
 constexpr std::int64_t kUsualHeight = 800;
 constexpr std::uint8_t kNewTextColor = 0xC0;
 constexpr std::int64_t kBorderColor = 5;
-constexpr std::int64_t kUsualRefreshRate = 30;
 
 // What t_InitWindow works out before it touches the record.
 struct Plan {
@@ -144,7 +143,7 @@ void FillInPicture(const Plan& plan, t_Window& w) {
     w.UpdateFinished = 0;
     w.VerticalBlank = true;
     w.IgnoreEvents = false;
-    w.RefreshRate = kUsualRefreshRate;
+    w.RefreshRate = toolkit::kUsualRefreshRate;
     w.AutoUpdate = plan.AutoUpdate;
     w.QuickUpdate = true;
     w.ScrollLock = false;

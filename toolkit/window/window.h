@@ -23,7 +23,8 @@ class Window;
 
 namespace toolkit {
 
-inline constexpr std::int64_t kLargestSide = 8192;  // of a picture, and so of a glyph, pixels
+inline constexpr std::int64_t kLargestSide = 8192;     // of a picture, and so of a glyph, pixels
+inline constexpr std::int64_t kUsualRefreshRate = 30;  // of a new window, frames per second
 
 /// Where a window's text output goes; with any other number nowhere, too.
 struct TextOutput {
@@ -48,7 +49,7 @@ struct t_Window {
     toolkit::Shared<std::int64_t> UpdateStarted = 0;   // last refresh request, milliseconds
     toolkit::Shared<std::int64_t> UpdateFinished = 0;  // last frame finished, milliseconds
     toolkit::Shared<std::int64_t> UpdateDuration = 0;  // of the last frame, microseconds
-    toolkit::Shared<std::int64_t> RefreshRate = 30;    // frames per second
+    toolkit::Shared<std::int64_t> RefreshRate = toolkit::kUsualRefreshRate;  // frames per second
 
     toolkit::Shared<platform::Window*> Window = nullptr;
     toolkit::Shared<platform::View*> View = nullptr;
