@@ -15,8 +15,6 @@ namespace {
 using platform::Picture;
 using platform::headless::Headless;
 
-constexpr std::string_view kFolder = "korvandi-bilder";
-
 // What the person does, one row after the other: waits while the program sleeps so many times,
 // looks at the picture, presses a key.
 struct Step {
@@ -34,6 +32,15 @@ constexpr Step kSteps[] = {
     {4, "5-noch-einmal", 45, "n"},    // the closing question
     {1, "6-ende", 0, ""},             //
 };
+
+// Where the pictures of a program go. Letters beyond ASCII stay as they are.
+std::string FolderFor(std::string_view name) {
+    std::string folder(name);
+    for (char& letter : folder) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return folder + "-bilder";
+}
 
 // The window's picture with its border around it.
 Picture WithBorder(const Picture& picture, const t_Window& w) {
@@ -58,7 +65,8 @@ Picture WithBorder(const Picture& picture, const t_Window& w) {
 // The person in front of the virtual screen. Acts on the program thread, whenever that sleeps.
 class Person {
   public:
-    Person(Headless& desktop, PictureSaver save) : desktop_(desktop), save_(std::move(save)) {}
+    Person(Headless& desktop, std::string folder, PictureSaver save)
+        : desktop_(desktop), folder_(std::move(folder)), save_(std::move(save)) {}
 
     void Act() {
         if (platform::OnMain() || step_ == std::end(kSteps) || ++sleeps_ < step_->Sleeps) return;
@@ -68,14 +76,14 @@ class Person {
         if (step_ == std::end(kSteps)) desktop_.Terminate();
     }
 
-    [[nodiscard]] bool SavedAll() const { return saved_ == std::ssize(kSteps); }
+    [[nodiscard]] bool Saved() const { return saved_ && !failed_; }
 
   private:
     void LookAndPress(const Step& step) {
         if (const std::optional<Picture> picture = t_WindowSnapshot(0)) {
-            const std::string path = toolkit::Joined(kFolder, "/", step.Name, ".png");
+            const std::string path = toolkit::Joined(folder_, "/", step.Name, ".png");
             const bool saved = save_(WithBorder(*picture, t_Windows[0]), path);
-            if (saved) ++saved_;
+            (saved ? saved_ : failed_) = true;
             toolkit::PrintLine(saved ? "Bild: " : "Bild konnte nicht geschrieben werden: ", path);
         }
         if (step.Characters.empty()) return;
@@ -83,29 +91,33 @@ class Person {
     }
 
     Headless& desktop_;
+    std::string folder_;
     PictureSaver save_;
     const Step* step_ = std::begin(kSteps);
     int sleeps_ = 0;
-    std::ptrdiff_t saved_ = 0;
+    bool saved_ = false;   // a picture
+    bool failed_ = false;  // to save one
 };
 
 }  // namespace
 
-bool PlayOnVirtualScreen(std::function<void()> program, PictureSaver save) {
+bool PlayOnVirtualScreen(std::string_view name, std::function<void()> program, PictureSaver save) {
     auto& desktop = *new Headless;  // the program thread may still use it when the process ends
     const platform::ResourceFolder resources = platform::FindResourceFolder();
+    desktop.Bundle = toolkit::Joined("/Applications/", name, ".app");
     desktop.ResourceFolder = resources.Path;
     desktop.ResourcesSearched = resources.Searched;
     desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
     desktop.KeepOutput = desktop.KeepPlayed = false;
     desktop.EchoOutput = true;
-    toolkit::PrintLine(
-        "Kein Bildschirm erreichbar: Korvandi spielt auf einem gedachten Bildschirm.");
-    toolkit::PrintLine("Bilder davon stehen im Ordner ", kFolder, ".");
+    const std::string folder = FolderFor(name);
+    toolkit::PrintLine("Kein Bildschirm erreichbar: ", name,
+                       " spielt auf einem gedachten Bildschirm.");
+    toolkit::PrintLine("Bilder davon stehen im Ordner ", folder, ".");
     std::error_code error;
-    std::filesystem::create_directories(kFolder, error);
-    auto& person = *new Person(desktop, std::move(save));
+    std::filesystem::create_directories(folder, error);
+    auto& person = *new Person(desktop, folder, std::move(save));
     desktop.OnSleep = [&person] { person.Act(); };
     RunProgram(std::move(program), [&desktop] { desktop.Terminate(); });
-    return person.SavedAll();
+    return person.Saved();
 }

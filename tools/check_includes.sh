@@ -23,7 +23,7 @@ toolkit/graphics  | ^(platform|toolkit/(core|events|font|window|text|graphics))/
 toolkit/input     | ^(platform|toolkit/(core|events|font|window|text|graphics|input))/[a-z_0-9]+\.h$
 toolkit/program   | ^(platform|toolkit/(core|events|font|window|text|graphics|input|program))/[a-z_0-9]+\.h$
 toolkit/start     | ^(platform|toolkit/[a-z]+)/[a-z_0-9]+\.h$
-game              | ^(game/.*|toolkit/toolkit\.h)$
+game              | ^(game/.*|toolkit/toolkit\.h|korvandi\.h)$
 app               | .
 '
 

@@ -11,11 +11,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/run_program.h"
 #include "game/demo_program.h"
+#include "korvandi.h"
 #include "platform/desktop/desktop.h"
 #include "platform/platform.h"
-#include "toolkit/toolkit.h"
 
 // A windowed program for the desktop tests: does what the lines of its standard input say, on the
 // program thread, and answers each with a line.
@@ -245,7 +244,5 @@ void Probe() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::desktop::Start(argc, argv, "Probe");
-    RunProgram(Probe);
-    platform::Application::Leave();
+    return korvandi::Run(argc, argv, "Probe", Probe);
 }

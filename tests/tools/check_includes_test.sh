@@ -6,7 +6,7 @@ cd "$(dirname "$0")/../.."
 
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-cp -r app game platform toolkit "$copy"
+cp -r app game korvandi.h platform toolkit "$copy"
 tools/check_includes.sh "$copy"
 
 # file that the line is added to | what the complaint begins with | line
