@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "app/run_program.h"
+#include "app/script_player.h"
 #include "platform/headless/headless.h"
+#include "platform/key_codes.h"
 #include "platform/program_files.h"
 #include "toolkit/toolkit.h"
 
@@ -15,23 +17,27 @@ namespace {
 using platform::Picture;
 using platform::headless::Headless;
 
-// What the person does, one row after the other: waits while the program sleeps so many times,
-// looks at the picture, presses a key.
-struct Step {
-    int Sleeps;
-    std::string_view Name;
-    std::int64_t KeyCode;
-    std::string_view Characters;  // empty: no key
-};
-
-constexpr Step kSteps[] = {
-    {3, "1-verzoegerung", 36, "\r"},  // the question for the delay
-    {50, "2-anfang", 0, ""},          //
-    {450, "3-spiel", 0, ""},          //
-    {1000, "4-spaeter", 53, "\x1B"},  //
-    {4, "5-noch-einmal", 45, "n"},    // the closing question
-    {1, "6-ende", 0, ""},             //
-};
+// What the person does: waits, looks, presses a key.
+korvandi::Script PersonsScript() {
+    using namespace korvandi;
+    return {
+        WaitSleeps{3},
+        Look{0, "1-verzoegerung"},
+        Key{platform::kKeyReturn, "\r"},
+        WaitSleeps{50},
+        Look{0, "2-anfang"},
+        WaitSleeps{450},
+        Look{0, "3-spiel"},
+        WaitSleeps{1000},
+        Look{0, "4-spaeter"},
+        Key{platform::kKeyEscape, "\x1B"},
+        WaitSleeps{4},
+        Look{0, "5-noch-einmal"},
+        Key{platform::kKeyN, "n"},
+        WaitSleeps{1},
+        Look{0, "6-ende"},
+    };
+}
 
 // Where the pictures of a program go. Letters beyond ASCII stay as they are.
 std::string FolderFor(std::string_view name) {
@@ -62,39 +68,26 @@ Picture WithBorder(const Picture& picture, const t_Window& w) {
     return framed;
 }
 
-// The person in front of the virtual screen. Acts on the program thread, whenever that sleeps.
-class Person {
+// The pictures that were taken so far. Main thread.
+class Album {
   public:
-    Person(Headless& desktop, std::string folder, PictureSaver save)
-        : desktop_(desktop), folder_(std::move(folder)), save_(std::move(save)) {}
+    Album(std::string folder, PictureSaver save)
+        : folder_(std::move(folder)), save_(std::move(save)) {}
 
-    void Act() {
-        if (platform::OnMain() || step_ == std::end(kSteps) || ++sleeps_ < step_->Sleeps) return;
-        const Step& step = *step_++;
-        sleeps_ = 0;
-        platform::RunOnMain([&] { LookAndPress(step); });
-        if (step_ == std::end(kSteps)) desktop_.Terminate();
+    void Take(const korvandi::Look& look) {
+        const std::optional<Picture> picture = t_WindowSnapshot(look.Window);
+        if (!picture) return;
+        const std::string path = toolkit::Joined(folder_, "/", look.Name, ".png");
+        const bool saved = save_(WithBorder(*picture, t_Windows[look.Window]), path);
+        (saved ? saved_ : failed_) = true;
+        toolkit::PrintLine(saved ? "Bild: " : "Bild konnte nicht geschrieben werden: ", path);
     }
 
     [[nodiscard]] bool Saved() const { return saved_ && !failed_; }
 
   private:
-    void LookAndPress(const Step& step) {
-        if (const std::optional<Picture> picture = t_WindowSnapshot(0)) {
-            const std::string path = toolkit::Joined(folder_, "/", step.Name, ".png");
-            const bool saved = save_(WithBorder(*picture, t_Windows[0]), path);
-            (saved ? saved_ : failed_) = true;
-            toolkit::PrintLine(saved ? "Bild: " : "Bild konnte nicht geschrieben werden: ", path);
-        }
-        if (step.Characters.empty()) return;
-        viewKeyDown(0, {step.KeyCode, std::string(step.Characters), 0});
-    }
-
-    Headless& desktop_;
     std::string folder_;
     PictureSaver save_;
-    const Step* step_ = std::begin(kSteps);
-    int sleeps_ = 0;
     bool saved_ = false;   // a picture
     bool failed_ = false;  // to save one
 };
@@ -116,8 +109,10 @@ bool PlayOnVirtualScreen(std::string_view name, std::function<void()> program, P
     toolkit::PrintLine("Bilder davon stehen im Ordner ", folder, ".");
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    auto& person = *new Person(desktop, folder, std::move(save));
-    desktop.OnSleep = [&person] { person.Act(); };
-    RunProgram(std::move(program), [&desktop] { desktop.Terminate(); });
-    return person.Saved();
+    auto& album = *new Album(folder, std::move(save));
+    auto& person = *new ScriptPlayer(
+        desktop, PersonsScript(), [&album](const korvandi::Look& look) { album.Take(look); },
+        [&desktop] { desktop.Terminate(); });
+    RunProgram(person.Watched(std::move(program)), [&desktop] { desktop.Terminate(); });
+    return album.Saved();
 }

@@ -9,6 +9,6 @@ log=$(mktemp)
 while IFS= read -r header; do
     "${CXX:-c++}" -std=c++20 -fsyntax-only -I. "${freetype[@]}" -x c++ "$header" 2> "$log" ||
         { echo "$header does not compile alone:"; head -3 "$log"; failed=1; }
-done < <(find korvandi.h app bench fuzz game platform toolkit tests tools -name '*.h' -not -path '*/desktop/*')
+done < <(find korvandi*.h app bench fuzz game platform toolkit tests tools -name '*.h' -not -path '*/desktop/*')
 rm -f "$log"
 exit "$failed"

@@ -6,7 +6,7 @@ cd "$(dirname "$0")/../.."
 
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-cp -r ./*.md Makefile CMakeLists.txt CMakePresets.json LICENSE app bench cmake docs fuzz game korvandi.h \
+cp -r ./*.md Makefile CMakeLists.txt CMakePresets.json LICENSE app bench cmake docs fuzz game korvandi*.h \
     platform resources tests toolkit tools "$copy"
 tools/check_docs.sh "$copy"
 

@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "app/app_delegate.h"
+#include "korvandi_headless.h"
+#include "tests/support/fixture.h"
+#include "tests/support/globals.h"
+
+// A program that is driven by a script.
+
+namespace {
+
+std::vector<std::string> heard;
+
+void Hear(const std::string& what) {
+    heard.push_back(toolkit::Joined(what, " at ", korvandi::Mouse(0).X, ",", korvandi::Mouse(0).Y));
+}
+
+// Asks for a name, prints it, and ends when its menu item is chosen.
+void Greeter() {
+    t_InitWindow(0, 24, true, 320, 64, 4, 4, TestFont(), true);
+    t_WindowFront(0);
+    const korvandi::MenuItemNumber leave = korvandi::AddMenuItem("Gruß", "Leben Sie wohl");
+    t_MouseHandler = [] { Hear("click"); };
+    t_MenuHandler = [] { Hear("menu"); };
+    t_Print(0, "Hallo, " + t_InputForm(0, "Wer? ", "", false, 0, 20) + ".");
+    while (korvandi::TakeMenuChoice() != leave) toolkit::SleepMilliseconds(10);
+    toolkit::PrintLine("Ende");
+}
+
+class RunHeadless : public testing::Test {
+  protected:
+    static korvandi::Outcome Play(std::function<void()> program, const korvandi::Script& script) {
+        ResetGlobals();
+        heard.clear();
+        const korvandi::Outcome outcome = korvandi::RunHeadless(std::move(program), script);
+        delete static_cast<AppDelegate*>(static_cast<toolkit::Outlets*>(t_AppDelegate));
+        t_AppDelegate = nullptr;
+        return outcome;
+    }
+};
+
+}  // namespace
+
+TEST_F(RunHeadless, DoesWhatTheScriptSaysAndTellsWhatCameOfIt) {
+    const korvandi::Script script = {
+        korvandi::Wait{500},          korvandi::Look{0, "asked"},
+        korvandi::Keys{"Zoé"},        korvandi::Key{platform::kKeyLeft},
+        korvandi::Keys{"x\x7F\r"},    korvandi::Wait{500},
+        korvandi::Look{0, "greeted"}, korvandi::Click{0, 7, 5},
+        korvandi::Point{0, 319, 63},  korvandi::Choose{"Gruß", "Leben Sie wohl"},
+        korvandi::Wait{1000},         korvandi::Look{0, "never"},
+    };
+    const korvandi::Outcome outcome = Play(Greeter, script);
+    EXPECT_TRUE(outcome.Ended);
+    EXPECT_EQ(heard, (std::vector<std::string>{"click at 7,5", "menu at 319,63"}));
+    EXPECT_NE(ScreenText(0).find("Hallo, Zo"), std::string::npos) << ScreenText(0);
+    EXPECT_EQ(outcome.Pictures.size(), 2U);
+    ASSERT_TRUE(outcome.Pictures.contains("asked") && outcome.Pictures.contains("greeted"));
+    EXPECT_EQ(outcome.Pictures.at("asked").Width, 320);
+    EXPECT_NE(outcome.Pictures.at("asked"), outcome.Pictures.at("greeted"));
+    EXPECT_EQ(outcome.Pictures.at("greeted"), t_WindowImage(0));
+    EXPECT_TRUE(outcome.Output.ends_with("Ende\napplicationWillTerminate: Called.\n"))
+        << outcome.Output;
+    EXPECT_TRUE(outcome.Console.ends_with("Ende\n")) << outcome.Console;
+    EXPECT_EQ(Play(Greeter, script).Output, outcome.Output);
+}
+
+TEST_F(RunHeadless, EndsTheProgramWhereItSleepsWhenTheScriptIsOver) {
+    int sleeps = 0;
+    bool cleaned = false;
+    const auto program = [&] {
+        const std::unique_ptr<bool, void (*)(bool*)> atEnd(&cleaned,
+                                                           [](bool* flag) { *flag = true; });
+        while (true) {
+            ++sleeps;
+            toolkit::SleepMilliseconds(10);
+        }
+    };
+    EXPECT_FALSE(Play(program, {korvandi::WaitSleeps{2}, korvandi::Wait{50}}).Ended);
+    EXPECT_EQ(sleeps, 7);
+    EXPECT_TRUE(cleaned);
+    sleeps = 0;
+    EXPECT_FALSE(Play(program, {}).Ended);
+    EXPECT_EQ(sleeps, 1);
+}
