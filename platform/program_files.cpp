@@ -9,10 +9,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path FolderOfProgram() {
+// The running program's file; empty where the system does not tell.
+fs::path ProgramFile() {
     std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    return error ? fs::path(".") : program.parent_path();
+    return fs::read_symlink("/proc/self/exe", error);
+}
+
+fs::path FolderOfProgram() {
+    const fs::path program = ProgramFile();
+    return program.empty() ? fs::path(".") : program.parent_path();
+}
+
+// Each place once, the first to be taken first.
+std::vector<std::string> ResourcePlaces() {
+    const fs::path folder = FolderOfProgram();
+    const fs::path share = (folder / ".." / "share").lexically_normal();
+    std::vector<std::string> places = {(folder / "resources").string()};
+    const std::string name = ProgramFile().filename().string();
+    if (!name.empty() && name != "korvandi") places.push_back((share / name).string());
+    places.push_back((share / "korvandi").string());
+    return places;
 }
 
 }  // namespace
@@ -22,17 +38,13 @@ std::string ProgramFolder() {
 }
 
 ResourceFolder FindResourceFolder() {
-    const fs::path program = FolderOfProgram();
-    const fs::path places[] = {
-        program / "resources",
-        (program / ".." / "share" / "korvandi").lexically_normal(),
-    };
-    ResourceFolder searched{places[0].string(), {}};
-    for (const fs::path& place : places) {
+    ResourceFolder searched;
+    for (const std::string& place : ResourcePlaces()) {
         std::error_code error;
-        if (fs::is_directory(place, error)) return {place.string(), {}};
-        searched.Searched.push_back(place.string());
+        if (fs::is_directory(place, error)) return {place, {}};
+        searched.Searched.push_back(place);
     }
+    searched.Path = searched.Searched.front();
     return searched;
 }
 

@@ -16,8 +16,9 @@ struct ResourceFolder {
     std::vector<std::string> Searched;  // the folders that were looked for in vain; none if it is
 };
 
-/// Looks beside the program, as a build leaves the resources, then in the shared data of an
-/// installation.
+/// Looks for a folder "resources" beside the program, as a build leaves it, then for the program's
+/// own shared data, ../share/<name of its file> seen from its folder, then for the toolkit's,
+/// ../share/korvandi. The first that is there is taken, whatever it holds.
 [[nodiscard]] ResourceFolder FindResourceFolder();
 
 }  // namespace platform
