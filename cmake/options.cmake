@@ -13,8 +13,12 @@ endif()
 include(CheckCXXSymbolExists)
 check_cxx_symbol_exists(_LIBCPP_VERSION version KORVANDI_LIBCXX)
 
+include(GNUInstallDirs)
 add_library(korvandi_options INTERFACE)
-target_include_directories(korvandi_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_include_directories(korvandi_options INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/korvandi>)
+target_compile_features(korvandi_options INTERFACE cxx_std_20)
 target_link_libraries(korvandi_options INTERFACE Threads::Threads)
 if(KORVANDI_LIBCXX AND CMAKE_SYSTEM_NAME STREQUAL Linux)
   # The C library ends a thread by libgcc's unwinder. Debian's libc++ brings another, which cannot
@@ -38,6 +42,8 @@ if(KORVANDI_FUZZ)
 endif()
 
 # The resources stand beside the executables, under the name that the program looks for.
-file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-file(CREATE_LINK ${PROJECT_SOURCE_DIR}/resources ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/resources
-  SYMBOLIC)
+if(PROJECT_IS_TOP_LEVEL)
+  file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/resources ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/resources
+    SYMBOLIC)
+endif()
