@@ -25,7 +25,7 @@ std::vector<std::string> ResourcePlaces() {
     const fs::path folder = FolderOfProgram();
     const fs::path share = (folder / ".." / "share").lexically_normal();
     std::vector<std::string> places = {(folder / "resources").string()};
-    const std::string name = ProgramFile().filename().string();
+    const std::string name = ProgramName();
     if (!name.empty() && name != "korvandi") places.push_back((share / name).string());
     places.push_back((share / "korvandi").string());
     return places;
@@ -35,6 +35,10 @@ std::vector<std::string> ResourcePlaces() {
 
 std::string ProgramFolder() {
     return FolderOfProgram().string();
+}
+
+std::string ProgramName() {
+    return ProgramFile().filename().string();
 }
 
 ResourceFolder FindResourceFolder() {

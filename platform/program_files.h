@@ -10,6 +10,9 @@ namespace platform {
 /// The folder of the running program's file, without a slash at the end.
 [[nodiscard]] std::string ProgramFolder();
 
+/// The name of the running program's file, without its folder; empty where the system does not tell.
+[[nodiscard]] std::string ProgramName();
+
 /// The folder that holds the program's resource files.
 struct ResourceFolder {
     std::string Path;                   // where it is; where it would be first, if it is nowhere

@@ -1,8 +1,10 @@
 #include "platform/desktop/desktop.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QLocale>
 #include <QtGui/QAccessible>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <csignal>
 #include <string>
@@ -23,6 +25,7 @@
 #include "platform/parts/machine.h"
 #include "platform/parts/standard_output.h"
 #include "platform/platform.h"
+#include "platform/program_files.h"
 
 namespace platform::desktop {
 
@@ -67,6 +70,17 @@ void SetUpEventLoop(std::string_view applicationName) {
     QCoreApplication::installTranslator(german);
 }
 
+// A program may bring a picture of its own for its windows, beside it or among its resources; without
+// one the desktop shows what its entry of the program names.
+void ShowIcon(const std::string& resources) {
+    for (const std::string& folder : {ProgramFolder(), resources}) {
+        const QString path = ToQt(folder + "/" + ProgramName() + ".png");
+        if (!QFile::exists(path)) continue;
+        QApplication::setWindowIcon(QIcon(path));
+        return;
+    }
+}
+
 // The event loop would look for the accessibility service when it starts, and the first window make
 // its widgets when it is shown; both with a person waiting.
 void PrepareFirstWindow() {
@@ -97,6 +111,7 @@ void Start(int argc, char** argv, std::string_view applicationName) {
     desk.Pump.Open();
 
     auto* const files = new ProgramFolders(applicationName);
+    ShowIcon(files->Directory());
     Platform made;
     made.Application = application;
     made.WindowMaker = new DesktopWindowMaker(desk);

@@ -39,16 +39,18 @@ runs_headless() { # program, what it should say of the resources
 }
 
 # Until the program has its windows, then it is asked to end.
-runs_desktop() { # program
+runs_desktop() { # program, what the X server is told of its icon
     xvfb-run -a bash -c '"$0" & program=$!
         for _ in {1..100}; do
             xdotool search --name "^Hallo" > /dev/null 2>&1 && break
             sleep 0.1
         done
         xdotool search --name "^Hallo" > /dev/null 2>&1 && echo "window shown"
+        xprop -id "$(xdotool search --name "^Hallo" | head -n 1)" _NET_WM_ICON | head -n 1
         kill "$program"; wait "$program"' "$1" > "$log" 2>&1 || complain "$1: exit status $?"
     grep -qx 'window shown' "$log" && ! grep -qE 'Resources not found|getbinary|t_LoadFont' "$log" ||
         { cat "$log"; complain "$1: no window or no resources"; }
+    grep -q "^_NET_WM_ICON$2" "$log" || { cat "$log"; complain "$1: icon is not$2"; }
 }
 
 # Everything that `all` builds in a folder is of the programs or a library.
@@ -60,6 +62,7 @@ builds_libraries_only() { # build folder
 
 mkdir "$programs"
 cp "$source"/tests/install/programs/* "$programs"
+cp "$source/packaging/icons/48.png" "$programs/icon.png"
 sed -n '/^```cpp$/,/^```$/{/^```/d;p}' "$source/README.md" > "$programs/readme.cpp"
 
 quietly cmake --install "$build" --prefix "$prefix"
@@ -94,8 +97,8 @@ for place in first second; do
 
     new="$work/zweiter Ort für alles"
     [ $place = first ] && mv "$prefix" "$new" && prefix=$new
-    runs_desktop "$work/package $place/guest_desktop"
-    runs_desktop "$prefix/bin/guest_korvandi"
+    runs_desktop "$work/package $place/guest_desktop" '(CARDINAL)'
+    runs_desktop "$prefix/bin/guest_korvandi" ':  not found'
 done
 
 # A program's own shared folder serves where there is no other.
