@@ -46,7 +46,11 @@ korvandi::Outcome korvandi::RunHeadless(std::function<void()> program, const Scr
     };
     ScriptPlayer& player =
         Kept(std::make_unique<ScriptPlayer>(desktop, script, keepPicture, platform::EndThread));
-    RunProgram(player.Watched(std::move(program)), [&] {
+    const auto afterTheLaunch = [&program] {
+        platform::RunOnMain([] {});
+        program();
+    };
+    RunProgram(player.Watched(afterTheLaunch), [&] {
         outcome.Ended = player.ProgramWasFirst();
         outcome.Printer = TextOf(toolkit::kPrinterWindow);
         outcome.Console = TextOf(toolkit::kConsoleWindow);

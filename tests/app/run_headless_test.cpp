@@ -4,6 +4,7 @@
 
 #include "app/app_delegate.h"
 #include "korvandi_headless.h"
+#include "platform/platform.h"
 #include "tests/support/fixture.h"
 #include "tests/support/globals.h"
 
@@ -26,6 +27,8 @@ void Greeter() {
     t_MenuHandler = [] { Hear("menu"); };
     t_Print(0, "Hallo, " + t_InputForm(0, "Wer? ", "", false, 0, 20) + ".");
     while (korvandi::TakeMenuChoice() != leave) toolkit::SleepMilliseconds(10);
+    platform::RunOnMain([] { platform::Current().Pasteboard->SetText("Zettel"); });
+    platform::RunOnMain([] { t_WindowTextView(toolkit::kPrinterWindow)->AppendText("Beleg\n"); });
     toolkit::PrintLine("Ende");
 }
 
@@ -56,6 +59,8 @@ TEST_F(RunHeadless, DoesWhatTheScriptSaysAndTellsWhatCameOfIt) {
     EXPECT_TRUE(outcome.Ended);
     EXPECT_EQ(heard, (std::vector<std::string>{"click at 7,5", "menu at 319,63"}));
     EXPECT_NE(ScreenText(0).find("Hallo, Zo"), std::string::npos) << ScreenText(0);
+    EXPECT_EQ(outcome.Clipboard, "Zettel");
+    EXPECT_EQ(outcome.Printer, "Beleg\n");
     EXPECT_EQ(outcome.Pictures.size(), 2U);
     ASSERT_TRUE(outcome.Pictures.contains("asked") && outcome.Pictures.contains("greeted"));
     EXPECT_EQ(outcome.Pictures.at("asked").Width, 320);
