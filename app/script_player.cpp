@@ -50,22 +50,19 @@ void Press(std::uint8_t window, const platform::KeyPress& press) {
     if (HeadlessView* const view = ViewOf(window)) view->Press(press);
 }
 
-// The middle of the picture's pixel, in points from the lower left.
+// The place of a pixel of the picture as desktops tell it: whole points from the lower left, of its
+// left and upper edge.
 platform::MousePress At(std::uint8_t window, std::int64_t x, std::int64_t y) {
     const t_Window& w = t_Windows[window];
-    return {static_cast<double>(w.BorderWidth) + static_cast<double>(x) + 0.5,
-            static_cast<double>(w.BorderHeight) + static_cast<double>(w.Height) -
-                static_cast<double>(y) - 0.5};
+    return {static_cast<double>(toolkit::Plus(w.BorderWidth, x)),
+            static_cast<double>(toolkit::Minus(toolkit::Plus(w.BorderHeight, w.Height), y))};
 }
 
 void ClickAt(HeadlessView& view, platform::MousePress place, bool rightButton) {
-    view.Client.pointerDidChange(place);
+    view.MovePointer(place);
     place.Buttons = rightButton ? 2 : 1;
     view.MouseDown(place, rightButton);
-    view.Client.pointerDidChange(place);
     view.MouseUp(rightButton);
-    place.Buttons = 0;
-    view.Client.pointerDidChange(place);
 }
 
 // What each step does. Main thread.
@@ -88,7 +85,7 @@ struct Doer {
     }
     void operator()(const korvandi::Point& step) const {
         if (HeadlessView* const view = ViewOf(step.Window)) {
-            view->Client.pointerDidChange(At(step.Window, step.X, step.Y));
+            view->MovePointer(At(step.Window, step.X, step.Y));
         }
     }
     void operator()(const korvandi::Click& step) const {
