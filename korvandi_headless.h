@@ -68,13 +68,37 @@ struct Choose {
     std::string Item;
 };
 
+/// Has the next open panel answered with these files, paths as the person would choose them; none:
+/// the person cancels. A panel that no step answered is cancelled.
+struct AnswerOpen {
+    std::vector<std::string> Paths;
+};
+
+/// Has the next save panel answered with this path; empty: the person cancels.
+struct AnswerSave {
+    std::string Path;
+};
+
+/// Has the next alert answered with this button, from 0. An alert that no step answered is with the
+/// last one.
+struct AnswerAlert {
+    std::int64_t Button = 0;
+};
+
 /// Takes the window's picture, as t_WindowSnapshot, under a name. None of a window without one.
 struct Look {
     std::uint8_t Window = 0;
     std::string Name;
 };
 
-using Step = std::variant<Wait, WaitSleeps, Keys, Key, Point, Click, Choose, Look>;
+/// Takes a picture of all graphic windows that are shown, as they lie on the screen, each with its
+/// border and without its title bar, under a name. None where no window is shown.
+struct LookAtScreen {
+    std::string Name;
+};
+
+using Step = std::variant<Wait, WaitSleeps, Keys, Key, Point, Click, Choose, AnswerOpen, AnswerSave,
+                          AnswerAlert, Look, LookAtScreen>;
 
 /// Carried out from first to last. The first steps up to a wait happen when the program sleeps for
 /// the first time, by waiting for a key for instance.
@@ -83,7 +107,7 @@ using Script = std::vector<Step>;
 /// What became of a run.
 struct Outcome {
     bool Ended = false;  // the program ended by itself, before the script was over
-    std::map<std::string, platform::Picture> Pictures;  // by the names of Look
+    std::map<std::string, platform::Picture> Pictures;  // by the names of the looks
     std::string Printer;                                // text of the virtual printer
     std::string Console;                                // text of the system console
     std::string Output;                                 // all lines of the standard output
@@ -96,7 +120,7 @@ struct Outcome {
 ///
 /// Handlers that a step sets off (t_MouseHandler, t_MenuHandler) run on the program's thread while
 /// it sleeps, before the next step. Background workers that the program itself starts, and the
-/// refresh loop, do not run; Look asks for the picture as it is. Dialogs are cancelled.
+/// refresh loop, do not run; looks ask for the pictures as they are.
 /// Main thread, once per process.
 [[nodiscard]] Outcome RunHeadless(std::function<void()> program, const Script& script);
 

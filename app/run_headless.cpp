@@ -1,12 +1,16 @@
+#include <map>
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "app/file_commands.h"
 #include "app/run_program.h"
+#include "app/screen_picture.h"
 #include "app/script_player.h"
 #include "korvandi_headless.h"
-#include "platform/program_files.h"
 #include "platform/thread.h"
 
 namespace {
@@ -20,14 +24,22 @@ Thing& Kept(std::unique_ptr<Thing> thing) {
     return *kept.emplace_back(std::move(thing));
 }
 
-Headless& NewDesktop() {
-    Headless& desktop = Kept(std::make_unique<Headless>());
-    const platform::ResourceFolder resources = platform::FindResourceFolder();
-    desktop.ResourceFolder = resources.Path;
-    desktop.ResourcesSearched = resources.Searched;
-    desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
-    return desktop;
-}
+// Keeps the pictures that a script asks for.
+struct Photographer {
+    const Headless& Desktop;
+    std::map<std::string, platform::Picture>& Pictures;
+
+    void Keep(const std::string& name, std::optional<platform::Picture> picture) const {
+        if (picture) Pictures.insert_or_assign(name, *std::move(picture));
+    }
+    void operator()(const korvandi::Look& look) const {
+        Keep(look.Name, t_WindowSnapshot(look.Window));
+    }
+    void operator()(const korvandi::LookAtScreen& look) const {
+        Keep(look.Name, ScreenPicture(Desktop));
+    }
+    void operator()(const auto& /*step*/) const {}
+};
 
 std::string TextOf(std::uint8_t window) {
     const platform::TextView* const view = t_WindowTextView(window);
@@ -37,12 +49,12 @@ std::string TextOf(std::uint8_t window) {
 }  // namespace
 
 korvandi::Outcome korvandi::RunHeadless(std::function<void()> program, const Script& script) {
-    Headless& desktop = NewDesktop();
+    Headless& desktop = Kept(std::make_unique<Headless>());
+    FurnishDesktop(desktop);
     t_MenuHandler = RunFileCommand;
     Outcome outcome;
-    const auto keepPicture = [&outcome](const Look& look) {
-        auto picture = t_WindowSnapshot(look.Window);
-        if (picture) outcome.Pictures.insert_or_assign(look.Name, *std::move(picture));
+    const auto keepPicture = [&](const Step& look) {
+        std::visit(Photographer{desktop, outcome.Pictures}, look);
     };
     ScriptPlayer& player =
         Kept(std::make_unique<ScriptPlayer>(desktop, script, keepPicture, platform::EndThread));

@@ -1,12 +1,16 @@
 #include "app/script_player.h"
 
-#include <algorithm>
 #include <cmath>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "platform/key_codes.h"
+#include "platform/program_files.h"
+#include "platform/search.h"
 #include "platform/thread.h"
+#include "toolkit/core/numbers.h"
+#include "toolkit/core/utf8.h"
 
 namespace {
 
@@ -26,20 +30,10 @@ constexpr CharacterRow kCharacterKeys[] = {
 };
 
 // Digits and letters have no code of their own: the toolkit goes by the character.
-std::int64_t KeyCodeOf(std::string_view character) {
-    for (const CharacterRow& row : kCharacterKeys) {
-        if (character.front() == row.Character) return row.KeyCode;
-    }
-    return platform::kNoKeyCode;
-}
-
-// How many bytes the first character of a text has that is not empty.
-std::size_t FirstCharacter(std::string_view text) {
-    std::size_t bytes = 1;
-    while (bytes < text.size() && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80) {
-        ++bytes;
-    }
-    return bytes;
+std::int64_t KeyCodeOf(char character) {
+    const CharacterRow* const row =
+        platform::RowWith(kCharacterKeys, &CharacterRow::Character, character);
+    return row == nullptr ? platform::kNoKeyCode : row->KeyCode;
 }
 
 HeadlessView* ViewOf(std::uint8_t window) {
@@ -75,8 +69,8 @@ struct Doer {
     void operator()(const korvandi::Keys& step) const {
         std::string_view rest = step.Text;
         while (!rest.empty()) {
-            const std::string_view character = rest.substr(0, FirstCharacter(rest));
-            Press(step.Window, {KeyCodeOf(character), std::string(character), 0});
+            const std::string_view character = rest.substr(0, toolkit::DecodeFirst(rest).Length);
+            Press(step.Window, {KeyCodeOf(character.front()), std::string(character), 0});
             rest.remove_prefix(character.size());
         }
     }
@@ -94,10 +88,28 @@ struct Doer {
         }
     }
     void operator()(const korvandi::Choose& step) const { Desktop.Choose(step.Menu, step.Item); }
+    void operator()(const korvandi::AnswerOpen& step) const {
+        Desktop.OpenAnswers.push_back(step.Paths);
+    }
+    void operator()(const korvandi::AnswerSave& step) const {
+        Desktop.SaveAnswers.emplace_back(step.Path.empty() ? std::nullopt
+                                                           : std::optional(step.Path));
+    }
+    void operator()(const korvandi::AnswerAlert& step) const {
+        Desktop.AlertAnswers.push_back(step.Button);
+    }
     void operator()(const korvandi::Look& step) const { Looked(step); }
+    void operator()(const korvandi::LookAtScreen& step) const { Looked(step); }
 };
 
 }  // namespace
+
+void FurnishDesktop(platform::headless::Headless& desktop) {
+    const platform::ResourceFolder resources = platform::FindResourceFolder();
+    desktop.ResourceFolder = resources.Path;
+    desktop.ResourcesSearched = resources.Searched;
+    desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
+}
 
 ScriptPlayer::ScriptPlayer(platform::headless::Headless& desktop, korvandi::Script script,
                            Looked looked, std::function<void()> over)

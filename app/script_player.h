@@ -9,13 +9,16 @@
 #include "korvandi_headless.h"
 #include "platform/headless/headless.h"
 
+/// Gives a desktop in memory the resources that the program finds on the disk. Main thread.
+void FurnishDesktop(platform::headless::Headless& desktop);
+
 /// The person in front of a desktop in memory, who does what a script says. Made on the main thread
 /// before another one runs; must outlive the program's thread. Acts whenever that sleeps.
 class ScriptPlayer {
   public:
-    using Looked = std::function<void(const korvandi::Look& look)>;
+    using Looked = std::function<void(const korvandi::Step& look)>;
 
-    /// `looked` is called on the main thread for every Look; `over` on the program's thread, once,
+    /// `looked` is called on the main thread for every step that takes a picture; `over` on the program's thread, once,
     /// after the last step.
     ScriptPlayer(platform::headless::Headless& desktop, korvandi::Script script, Looked looked,
                  std::function<void()> over);

@@ -1,15 +1,15 @@
 #include "app/virtual_screen.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <utility>
+#include <variant>
 
 #include "app/run_program.h"
+#include "app/screen_picture.h"
 #include "app/script_player.h"
 #include "platform/headless/headless.h"
 #include "platform/key_codes.h"
-#include "platform/program_files.h"
 #include "toolkit/toolkit.h"
 
 namespace {
@@ -48,26 +48,6 @@ std::string FolderFor(std::string_view name) {
     return folder + "-bilder";
 }
 
-// The window's picture with its border around it.
-Picture WithBorder(const Picture& picture, const t_Window& w) {
-    const std::int64_t side = std::max<std::int64_t>(w.BorderWidth, 0);
-    const std::int64_t edge = std::max<std::int64_t>(w.BorderHeight, 0);
-    const t_RGBColor border = w.RGBColorBorder;
-    Picture framed;
-    framed.Width = picture.Width + 2 * side;
-    framed.Height = picture.Height + 2 * edge;
-    for (std::int64_t i = 0; i < framed.Width * framed.Height; ++i) {
-        framed.Bytes.insert(framed.Bytes.end(),
-                            {border.Alpha, border.Red, border.Green, border.Blue});
-    }
-    for (std::int64_t y = 0; y < picture.Height; ++y) {
-        const std::uint8_t* const row = picture.Bytes.data() + y * picture.Width * 4;
-        std::copy(row, row + picture.Width * 4,
-                  framed.Bytes.data() + ((y + edge) * framed.Width + side) * 4);
-    }
-    return framed;
-}
-
 // The pictures that were taken so far. Main thread.
 class Album {
   public:
@@ -96,11 +76,8 @@ class Album {
 
 bool PlayOnVirtualScreen(std::string_view name, std::function<void()> program, PictureSaver save) {
     auto& desktop = *new Headless;  // the program thread may still use it when the process ends
-    const platform::ResourceFolder resources = platform::FindResourceFolder();
+    FurnishDesktop(desktop);
     desktop.Bundle = toolkit::Joined("/Applications/", name, ".app");
-    desktop.ResourceFolder = resources.Path;
-    desktop.ResourcesSearched = resources.Searched;
-    desktop.SoundFiles = {{"click.aif", true}, {"sysbeep.aif", true}};
     desktop.KeepOutput = desktop.KeepPlayed = false;
     desktop.EchoOutput = true;
     const std::string folder = FolderFor(name);
@@ -111,7 +88,8 @@ bool PlayOnVirtualScreen(std::string_view name, std::function<void()> program, P
     std::filesystem::create_directories(folder, error);
     auto& album = *new Album(folder, std::move(save));
     auto& person = *new ScriptPlayer(
-        desktop, PersonsScript(), [&album](const korvandi::Look& look) { album.Take(look); },
+        desktop, PersonsScript(),
+        [&album](const korvandi::Step& look) { album.Take(std::get<korvandi::Look>(look)); },
         [&desktop] { desktop.Terminate(); });
     RunProgram(person.Watched(std::move(program)), [&desktop] { desktop.Terminate(); });
     return album.Saved();

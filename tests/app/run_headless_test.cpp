@@ -90,3 +90,47 @@ TEST_F(RunHeadless, EndsTheProgramWhereItSleepsWhenTheScriptIsOver) {
     EXPECT_FALSE(Play(program, {}).Ended);
     EXPECT_EQ(sleeps, 1);
 }
+
+// What a person answers, and what the screen shows.
+TEST_F(RunHeadless, AnswersPanelsAndTakesAPictureOfAllWindows) {
+    std::vector<std::string> answers;
+    const auto program = [&answers] {
+        t_InitWindow(0, 24, true, 320, 64, 4, 4, TestFont(), true);
+        t_InitWindow(1, 24, true, 160, 32, 0, 0, TestFont(), true);
+        t_WindowSize(0, 100, 100, -1, -1);
+        t_WindowSize(1, 300, 130, -1, -1);
+        t_WindowFront(0);
+        t_WindowFront(1);
+        t_ColorBorder(0, 1);
+        t_Print(1, "Vorne");
+        toolkit::SleepMilliseconds(10);
+        answers = {t_OpenFileDialog("", "", "txt"), t_OpenFileDialog("", "", "txt"),
+                   t_SaveFileDialog("a.txt", "", "", "txt"), t_SaveFileDialog("a.txt", "", "", "")};
+        toolkit::SleepMilliseconds(10);
+    };
+    const korvandi::Script script = {
+        korvandi::LookAtScreen{"screen"},
+        korvandi::AnswerOpen{{"/a/b.txt"}},
+        korvandi::AnswerSave{},
+        korvandi::AnswerSave{"/a/c.txt"},
+        korvandi::Wait{10},
+        korvandi::Choose{"Bearbeiten", "Text kopieren"},
+        korvandi::Wait{2000},
+    };
+    const korvandi::Outcome outcome = Play(program, script);
+    EXPECT_EQ(answers, (std::vector<std::string>{"/a/b.txt", "", "", "/a/c.txt"}));
+    EXPECT_EQ(outcome.Clipboard, "Vorne");
+    ASSERT_TRUE(outcome.Pictures.contains("screen"));
+    const platform::Picture& screen = outcome.Pictures.at("screen");
+    // Window 0 lies from 100 to 428 and window 1 from 300 to 460; 16 pixels around them.
+    EXPECT_EQ(screen.Width, 460 - 100 + 32);
+    EXPECT_EQ(screen.Height, 72 + 32);
+    const auto colorAt = [&screen](std::int64_t x, std::int64_t y) {
+        const std::uint8_t* const pixel = screen.Bytes.data() + (y * screen.Width + x) * 4;
+        return std::vector<int>(pixel, pixel + 4);
+    };
+    EXPECT_EQ(colorAt(0, 0), colorAt(17, 15)) << "the ground";
+    EXPECT_NE(colorAt(16, 16), colorAt(0, 0)) << "the border of the window at the back";
+    EXPECT_NE(colorAt(16, 16), colorAt(20, 20)) << "and its picture";
+    EXPECT_EQ(screen.Bytes.size(), static_cast<std::size_t>(screen.Width * screen.Height * 4));
+}
