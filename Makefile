@@ -2,7 +2,7 @@
 
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench check clang libcxx cross tidy asan tsan fuzz coverage games starts soak repeat \
+.PHONY: run test example examples-pictures bench check clang libcxx cross tidy asan tsan fuzz coverage games starts soak repeat \
 	format resources clean
 
 # Installs what is missing, builds and starts the game.
@@ -19,6 +19,20 @@ test:
 	cmake --preset release
 	cmake --build --preset release -j $(JOBS)
 	ctest --preset release -j $(JOBS)
+
+# Shows one of the examples in a window: make example NAME=life
+example:
+	@tools/setup.sh run
+	@mkdir -p build
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	@cmake --build --preset release -j $(JOBS) --target example_$(NAME)
+	@build/release/bin/example_$(NAME)
+
+# Makes the pictures of the examples and of the manual anew.
+examples-pictures:
+	@tools/setup.sh test
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target pictures
 
 # Measures speed as ratios to the least that any program would have to do.
 bench:

@@ -116,7 +116,8 @@ struct Outcome {
 
 /// Runs `program` with the script and returns when the program has ended. When the script is over
 /// the program's thread ends where it sleeps, as by platform::EndThread; a last Wait gives it time
-/// to end by itself. A program that neither sleeps nor ends keeps this from returning.
+/// to end by itself. Of a program that has ended before, the remaining looks take what it left, and
+/// no other step is carried out. A program that neither sleeps nor ends keeps this from returning.
 ///
 /// Handlers that a step sets off (t_MouseHandler, t_MenuHandler) run on the program's thread while
 /// it sleeps, before the next step. Background workers that the program itself starts, and the

@@ -64,6 +64,7 @@ korvandi::Outcome korvandi::RunHeadless(std::function<void()> program, const Scr
     };
     RunProgram(player.Watched(afterTheLaunch), [&] {
         outcome.Ended = player.ProgramWasFirst();
+        player.TakeRemainingPictures();
         outcome.Printer = TextOf(toolkit::kPrinterWindow);
         outcome.Console = TextOf(toolkit::kConsoleWindow);
         desktop.Terminate();

@@ -132,6 +132,16 @@ std::function<void()> ScriptPlayer::Watched(std::function<void()> program) {
     };
 }
 
+void ScriptPlayer::TakeRemainingPictures() {
+    for (; next_ < script_.size(); ++next_) {
+        const korvandi::Step& step = script_[next_];
+        if (std::holds_alternative<korvandi::Look>(step) ||
+            std::holds_alternative<korvandi::LookAtScreen>(step)) {
+            looked_(step);
+        }
+    }
+}
+
 // The main thread sleeps, too, and other threads may.
 void ScriptPlayer::Slept() {
     if (platform::OnMain() || program_ != std::this_thread::get_id() || over_) return;

@@ -29,6 +29,10 @@ class ScriptPlayer {
     /// Whether the program was begun and has ended before the script. When it has ended.
     [[nodiscard]] bool ProgramWasFirst() const { return program_.has_value() && !over_; }
 
+    /// Takes the pictures of the steps that were not reached. Main thread, when the program has
+    /// ended.
+    void TakeRemainingPictures();
+
   private:
     void Slept();
     void Act();

@@ -24,6 +24,7 @@ toolkit/input     | ^(platform|toolkit/(core|events|font|window|text|graphics|in
 toolkit/program   | ^(platform|toolkit/(core|events|font|window|text|graphics|input|program))/[a-z_0-9]+\.h$
 toolkit/start     | ^(platform|toolkit/[a-z]+)/[a-z_0-9]+\.h$
 game              | ^(game/.*|toolkit/toolkit\.h|korvandi\.h)$
+examples          | ^korvandi\.h$
 app               | .
 '
 

@@ -53,7 +53,8 @@ TEST_F(RunHeadless, DoesWhatTheScriptSaysAndTellsWhatCameOfIt) {
         korvandi::Keys{"x\x7F\r"},    korvandi::Wait{500},
         korvandi::Look{0, "greeted"}, korvandi::Click{0, 7, 5},
         korvandi::Point{0, 319, 63},  korvandi::Choose{"Gruß", "Leben Sie wohl"},
-        korvandi::Wait{1000},         korvandi::Look{0, "never"},
+        korvandi::Wait{1000},         korvandi::Keys{"never"},
+        korvandi::Look{0, "left"},
     };
     const korvandi::Outcome outcome = Play(Greeter, script);
     EXPECT_TRUE(outcome.Ended);
@@ -61,11 +62,13 @@ TEST_F(RunHeadless, DoesWhatTheScriptSaysAndTellsWhatCameOfIt) {
     EXPECT_NE(ScreenText(0).find("Hallo, Zo"), std::string::npos) << ScreenText(0);
     EXPECT_EQ(outcome.Clipboard, "Zettel");
     EXPECT_EQ(outcome.Printer, "Beleg\n");
-    EXPECT_EQ(outcome.Pictures.size(), 2U);
-    ASSERT_TRUE(outcome.Pictures.contains("asked") && outcome.Pictures.contains("greeted"));
+    EXPECT_EQ(outcome.Pictures.size(), 3U);
+    ASSERT_TRUE(outcome.Pictures.contains("asked") && outcome.Pictures.contains("greeted") &&
+                outcome.Pictures.contains("left"));
     EXPECT_EQ(outcome.Pictures.at("asked").Width, 320);
     EXPECT_NE(outcome.Pictures.at("asked"), outcome.Pictures.at("greeted"));
     EXPECT_EQ(outcome.Pictures.at("greeted"), t_WindowImage(0));
+    EXPECT_EQ(outcome.Pictures.at("greeted"), outcome.Pictures.at("left"));
     EXPECT_TRUE(outcome.Output.ends_with("Ende\napplicationWillTerminate: Called.\n"))
         << outcome.Output;
     EXPECT_TRUE(outcome.Console.ends_with("Ende\n")) << outcome.Console;
