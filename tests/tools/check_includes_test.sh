@@ -6,7 +6,7 @@ cd "$(dirname "$0")/../.."
 
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-cp -r app game korvandi.h platform toolkit "$copy"
+cp -r app examples game korvandi.h platform toolkit "$copy"
 tools/check_includes.sh "$copy"
 
 # file that the line is added to | what the complaint begins with | line
@@ -33,6 +33,7 @@ platform/headless/planted.h  | platform/headless/planted.h:  | #include "platfor
 platform/desktop/chrome.cpp  | platform/desktop/.* circle    | #include "platform/desktop/host_window.h"
 toolkit/window/window.h      | toolkit/window/.* circle      | #include "toolkit/window/blocks.h"
 game/planted.cpp             | game/planted.cpp:             | #include "toolkit/core/color.h"
+examples/planted.cpp         | examples/planted.cpp:         | #include "toolkit/core/color.h"
 '
 
 rows() {
